@@ -1,0 +1,41 @@
+# The two shapes that every folder's CMakeLists.txt is made of: a room (a library) and its tests.
+
+add_library(tessel_options INTERFACE)
+target_compile_options(tessel_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+# g++ 12 reports std::string and std::variant internals here, never our own code.
+target_compile_options(tessel_options INTERFACE -Wno-restrict -Wno-maybe-uninitialized)
+if(TESSEL_SANITIZE)
+  target_compile_options(tessel_options INTERFACE -fsanitize=${TESSEL_SANITIZE} -fno-sanitize-recover=all)
+  target_link_options(tessel_options INTERFACE -fsanitize=${TESSEL_SANITIZE})
+endif()
+
+# tessel_room(NAME SOURCES ... LINKS ...): the library tessel_NAME. Its headers are included by their path
+# below src/.
+function(tessel_room name)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(tessel_${name} STATIC ${ROOM_SOURCES})
+  target_include_directories(tessel_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(tessel_${name} PRIVATE tessel_options PUBLIC tessel_include ${ROOM_LINKS})
+endfunction()
+
+# tessel_interface_room(NAME LINKS ...): a room of headers only.
+function(tessel_interface_room name)
+  cmake_parse_arguments(ROOM "" "" "LINKS" ${ARGN})
+  add_library(tessel_${name} INTERFACE)
+  target_include_directories(tessel_${name} INTERFACE ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(tessel_${name} INTERFACE tessel_include ${ROOM_LINKS})
+endfunction()
+
+# tessel_test(NAME SOURCES ... LINKS ...): the program NAME_test, each of its cases a test of CTest.
+function(tessel_test name)
+  cmake_parse_arguments(TEST "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name}_test ${TEST_SOURCES})
+  target_include_directories(${name}_test PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_compile_definitions(
+    ${name}_test PRIVATE TESSEL_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}"
+                         TESSEL_SHARE="${CMAKE_BINARY_DIR}/share/tessel")
+  target_link_libraries(${name}_test PRIVATE tessel_options ${TEST_LINKS} GTest::gtest_main)
+  set_target_properties(${name}_test PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
+  add_test(NAME ${name} COMMAND ${name}_test)
+  set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()

@@ -1,0 +1,66 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/db/error.h"
+#include "platform/db/query.h"
+#include "platform/db/table_set.h"
+
+namespace tessel::db {
+
+// An open schema database. Statements are written in the schema editor's own dialect (dialect.h says what it adds to
+// plain SQL). Every failure throws DatabaseError.
+class Database {
+  public:
+    // Opens an existing schema database for reading and writing; several processes may have it open. Refuses, each
+    // with its own ErrorKind and leaving the file alone, what is Missing, Empty, NotADatabase, Jet, Damaged, Foreign,
+    // Newer, ReadOnly or Busy.
+    [[nodiscard]] static std::shared_ptr<Database> Open(const std::string& path);
+
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    [[nodiscard]] const std::string& Path() const;
+
+    // Runs one statement that changes rows; returns how many it touched.
+    int Execute(std::string_view sql);
+    [[nodiscard]] int RowsTouched() const;  // by the last Execute
+
+    // Runs one query and copies its rows, so that the tables may change while they are read.
+    [[nodiscard]] Query Select(std::string_view sql);
+
+    // A record set on the table (name in any letter case).
+    [[nodiscard]] TableSet OpenTable(std::string_view table);
+
+    // Forgets what was read before, so that changes by other processes show at the next read.
+    void RefreshCache();
+
+    struct Engine;  // within this room
+
+  private:
+    explicit Database(std::unique_ptr<Engine> engine);
+    friend class Transaction;
+    std::unique_ptr<Engine> engine_;
+};
+
+// All changes between construction and Commit are kept together or not at all. A transaction inside another one keeps
+// or undoes its own part.
+class Transaction {
+  public:
+    explicit Transaction(Database& database);  // waits for a busy file, then throws ErrorKind::Busy
+    ~Transaction();                            // undoes what was not committed
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    void Commit();  // a failure throws, and everything is undone
+
+  private:
+    Database::Engine& engine_;
+    int depth_;  // 0 for the outermost
+    bool open_ = true;
+};
+
+}  // namespace tessel::db
