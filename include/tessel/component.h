@@ -22,7 +22,8 @@ class ClassTable {
 
 }  // namespace tessel
 
-// The entry points that a component's shared library exports. They return 0 for success and let no exception out.
+// The entry points that a component's shared library exports. They return 0 for success and let no exception
+// out.
 extern "C" {
 // Enters every public class of the library.
 int TesselRegisterServer(tessel::ClassTable* classes);

@@ -20,13 +20,13 @@ class TableCombo : public Object {
 
 // The workspace: everything that can be done to the schema of the open project.
 //
-// The members stand in the order of their slots; a property with a reader and a writer takes two, reader first.
-// The same members answer to Call under their names.
+// The members stand in the order of their slots; a property with a reader and a writer takes two, reader
+// first. The same members answer to Call under their names.
 //
-// Identifiers are the database's (32 bits, from 1 up); -1 means no row. Text is UTF-8, and counts of it are counts
-// of characters. An operation that fails as expected says so by its result and leaves the database as it was,
-// except where its comment says otherwise. Each call that changes the schema is one transaction and removes the
-// project setting "Verified".
+// Identifiers are the database's (32 bits, from 1 up); -1 means no row. Text is UTF-8, and counts of it are
+// counts of characters. An operation that fails as expected says so by its result and leaves the database as
+// it was, except where its comment says otherwise. Each call that changes the schema is one transaction and
+// removes the project setting "Verified".
 //
 // Optional parameters are variants: not passed (Missing) leaves the field as it is.
 class VNTWS : public Object {
@@ -43,9 +43,9 @@ class VNTWS : public Object {
     [[nodiscard]] virtual std::string CVRL() const = 0;
     virtual void SetCVRL(const std::string& value) = 0;
 
-    [[nodiscard]] virtual std::string ToolID() const = 0;            // "VNT"
+    [[nodiscard]] virtual std::string ToolID() const = 0;                 // "VNT"
     [[nodiscard]] virtual std::shared_ptr<Object> ProjectDB() const = 0;  // the open schema database, or none
-    [[nodiscard]] virtual std::string DatabaseFilename() const = 0;  // full path of that database
+    [[nodiscard]] virtual std::string DatabaseFilename() const = 0;       // full path of that database
     [[nodiscard]] virtual std::shared_ptr<Object> objComposite() const = 0;  // the project's schema object
     [[nodiscard]] virtual std::shared_ptr<Object> ToolWindow() const = 0;    // the main window
 
@@ -57,31 +57,32 @@ class VNTWS : public Object {
     virtual void FinishProgress() = 0;
 
     // The identifier rule: drops what a name may not hold. `selStart`, when passed, is a caret position in
-    // characters and moves with the characters before it. Throws when the workspace options lack the encoding of
-    // the object computer.
+    // characters and moves with the characters before it. Throws when the workspace options lack the encoding
+    // of the object computer.
     [[nodiscard]] virtual std::string SQLID(const std::string& id, Value& selStart) = 0;
     // Keeps the digits 0 to 9 only; `selStart` as for SQLID.
     [[nodiscard]] virtual std::string SQLInteger(const std::string& repr, Value& selStart) = 0;
 
-    // Fills `cmbTable` with the tables in name order, each with its TabID as item data, and selects `tableId` (-1
-    // when not passed), or else the first.
+    // Fills `cmbTable` with the tables in name order, each with its TabID as item data, and selects `tableId`
+    // (-1 when not passed), or else the first.
     virtual void LoadTableCombo(TableCombo& cmbTable, const Value& tableId) = 0;
 
-    // Named texts of the project. A setting that is absent reads as the empty text; setting the empty text removes
-    // it. Database errors are thrown.
+    // Named texts of the project. A setting that is absent reads as the empty text; setting the empty text
+    // removes it. Database errors are thrown.
     [[nodiscard]] virtual std::string GetProjectSettings(const std::string& propName) = 0;
     virtual void SetProjectSettings(const std::string& propName, const std::string& propValue) = 0;
 
-    // A table name that is not in use: the identifier rule's form of `tableName`, or of its first 47 characters
-    // with the first free number after it. An empty `tableName` becomes "T".
+    // A table name that is not in use: the identifier rule's form of `tableName`, or of its first 47
+    // characters with the first free number after it. An empty `tableName` becomes "T".
     [[nodiscard]] virtual std::string GetFreeTableName(std::string& tableName) = 0;
-    // Adds a table without columns. False for an empty name, one that the identifier rule would change, one too
-    // long, or one in use.
+    // Adds a table without columns. False for an empty name, one that the identifier rule would change, one
+    // too long, or one in use.
     virtual bool TableAdd(const std::string& tableName, std::int32_t& tableId, const Value& repObjId,
                           const DateTime& created, const Value& createdVia, const Value& cvrl) = 0;
     // Asks the user for the name, tells them what is wrong with it, and adds the table.
     virtual bool TableAddVerbally(std::string& tableName, std::int32_t& tableId) = 0;
-    // Drops the table with its columns, indexes and keys and the keys that refer to it. Database errors are thrown.
+    // Drops the table with its columns, indexes and keys and the keys that refer to it. Database errors are
+    // thrown.
     virtual bool TableDrop(std::int32_t tableId) = 0;
     // Asks the user first, naming the tables that refer to it.
     virtual bool DropTableVerbally(std::int32_t tableId, const std::string& tableName) = 0;
@@ -90,21 +91,22 @@ class VNTWS : public Object {
 
     // As GetFreeTableName, among the columns of one table; an empty `columnName` becomes "C".
     [[nodiscard]] virtual std::string GetFreeColumnName(std::int32_t tblId, std::string& columnName) = 0;
-    // Adds a column after the column `afterID` (-1: first), under the free form of `columnName`, which is handed
-    // back. False when `afterID` names no column, or when the name is refused: the later columns have then moved
-    // up by one already.
+    // Adds a column after the column `afterID` (-1: first), under the free form of `columnName`, which is
+    // handed back. False when `afterID` names no column, or when the name is refused: the later columns have
+    // then moved up by one already.
     virtual bool ColumnAdd(std::int32_t tableId, std::string& columnName, std::int32_t typeID,
                            std::int32_t precision, std::int32_t scl, bool isNullable, const Value& comment,
                            const Value& defaultValue, const Value& created, const Value& createdVia,
                            const Value& cvrl, std::int32_t afterID, std::int32_t& columnId) = 0;
-    // Adds a nullable column at the end from a field description whose type GetCompatibleType worked out: `sqlScale`
-    // holds the precision and `sqlPrec` the scale. Returns the new ColumnID; -1 when the name is refused.
+    // Adds a nullable column at the end from a field description whose type GetCompatibleType worked out:
+    // `sqlScale` holds the precision and `sqlPrec` the scale. Returns the new ColumnID; -1 when the name is
+    // refused.
     virtual std::int32_t ColumnImport(std::int32_t tabID, const std::string& fieldName, std::int32_t sqlType,
                                       std::int32_t sqlScale, std::int32_t sqlPrec, const Value& created,
                                       const Value& createdVia, const Value& cvrl,
                                       std::string& resultColumnName) = 0;
-    // Copies a column after the column `destAfterID` of the table `destTabID` (-1: first, 0: last) under a free
-    // name. Returns the new ColumnID, or -1.
+    // Copies a column after the column `destAfterID` of the table `destTabID` (-1: first, 0: last) under a
+    // free name. Returns the new ColumnID, or -1.
     virtual std::int32_t ColumnCopy(std::int32_t sourceColumnID, std::int32_t destTabID,
                                     std::int32_t destAfterID) = 0;
     // Drops the column and its places in indexes and keys.
@@ -112,8 +114,9 @@ class VNTWS : public Object {
     virtual bool ColumnUpdate(std::int32_t columnId, const Value& columnName, const Value& typeID,
                               const Value& precision, const Value& scl, const Value& isNullable,
                               const Value& comment, const Value& defaultValue) = 0;
-    // The type for a record field of `length` and `fraction` digits or of the picture `picture`; `usage` is not
-    // consulted. `sqlScale` hands back the precision, `sqlPrec` the scale. A `sqlType` that is not 0 is kept.
+    // The type for a record field of `length` and `fraction` digits or of the picture `picture`; `usage` is
+    // not consulted. `sqlScale` hands back the precision, `sqlPrec` the scale. A `sqlType` that is not 0 is
+    // kept.
     virtual bool GetCompatibleType(std::int32_t length, std::int32_t fraction, const std::string& picture,
                                    const std::string& usage, std::int32_t& sqlType, std::int32_t& sqlScale,
                                    std::int32_t& sqlPrec) = 0;
@@ -122,8 +125,8 @@ class VNTWS : public Object {
     virtual std::int32_t PrimaryAdd(std::int32_t tabID) = 0;
     // The ColumnIDs of the primary index in its order, each under the key "c" + ColumnID.
     [[nodiscard]] virtual std::shared_ptr<Collection> PrimaryKeyColumns(std::int32_t tabID) = 0;
-    // Whether the index holds exactly the columns in `columnIDs` (built as PrimaryKeyColumns builds it), in any
-    // order.
+    // Whether the index holds exactly the columns in `columnIDs` (built as PrimaryKeyColumns builds it), in
+    // any order.
     [[nodiscard]] virtual bool IndexMatch(std::int32_t indexID, const Collection& columnIDs) = 0;
     // Adds a key from `tableId` to `refTableId` with the delete rule "R" and no columns.
     virtual bool ForeignAdd(std::int32_t tableId, std::int32_t refTableId, const std::string& keyName,

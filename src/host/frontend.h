@@ -7,7 +7,8 @@
 #include "platform/xml/document.h"
 #include "tessel/object.h"
 
-// What the editor asks of the workbench that hosts it. Everything here throws Error when the host cannot comply.
+// What the editor asks of the workbench that hosts it. Everything here throws Error when the host cannot
+// comply.
 namespace tessel::host {
 
 // An object of the host's repository: a project, a schema, a table. Attribute names are taken as they are.
@@ -46,12 +47,12 @@ class OriginSource {
 
 // The folders and names that GetCorvaneName gives, by their numbers.
 namespace name_item {
-inline constexpr int icons = 2;           // the folder that holds the folder Icons
-inline constexpr int images = 3;          // the folder that holds the folder Images
+inline constexpr int icons = 2;            // the folder that holds the folder Icons
+inline constexpr int images = 3;           // the folder that holds the folder Images
 inline constexpr int workspaceFolder = 4;  // the folder that holds the folder Projects
 inline constexpr int workspaceName = 6;
 inline constexpr int projectName = 7;
-inline constexpr int templates = 13;      // the folder of the template database
+inline constexpr int templates = 13;  // the folder of the template database
 }  // namespace name_item
 
 // The host object. The same members answer to Call.

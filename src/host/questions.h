@@ -15,7 +15,7 @@ struct MessageBox {
     std::string title;
     Icon icon = Icon::None;
     Buttons buttons = Buttons::OK;
-    std::string detail;  // why, in a sentence of its own below the text; may be empty
+    std::string detail{};  // why, in a sentence of its own below the text; may be empty
 };
 
 struct InputBox {

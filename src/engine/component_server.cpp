@@ -1,0 +1,77 @@
+#include <atomic>
+
+#include "engine/classes.h"
+#include "platform/component/class_registry.h"
+#include "tessel/error.h"
+
+namespace {
+
+using tessel::Object;
+
+constexpr int succeeded = 0;
+constexpr int failed = 1;
+
+// The process's one instance of the component.
+tessel::ComponentState& Component() {
+    static tessel::ComponentState state;
+    return state;
+}
+
+std::atomic<int> liveObjects = 0;
+
+// The same object, counted until its last user lets go of it.
+std::shared_ptr<Object> Counted(std::shared_ptr<Object> object) {
+    ++liveObjects;
+    Object* const counted = object.get();
+    return {counted, [object = std::move(object)](Object*) mutable {
+                object.reset();
+                --liveObjects;
+            }};
+}
+
+// Enters the classes of the table behind it, each with its objects counted.
+class CountingTable : public tessel::ClassTable {
+  public:
+    explicit CountingTable(ClassTable& classes) : classes_(classes) {}
+    void Add(const std::string& progId, Factory factory) override {
+        classes_.Add(progId, [factory = std::move(factory)] { return Counted(factory()); });
+    }
+    void Remove(const std::string& progId) override { classes_.Remove(progId); }
+
+  private:
+    ClassTable& classes_;
+};
+
+template <typename Action>
+int Answer(Action&& action) {
+    try {
+        action();
+        return succeeded;
+    } catch (const std::exception&) {
+        return failed;
+    }
+}
+
+}  // namespace
+
+int TesselRegisterServer(tessel::ClassTable* classes) {
+    return Answer([&] {
+        CountingTable counting(*classes);
+        tessel::AddClasses(counting, Component());
+    });
+}
+
+int TesselUnregisterServer(tessel::ClassTable* classes) {
+    return Answer([&] { tessel::RemoveClasses(*classes); });
+}
+
+int TesselGetClassObject(const char* progId, std::shared_ptr<Object>* object) {
+    return Answer([&] {
+        tessel::ClassRegistry own;
+        CountingTable counting(own);
+        tessel::AddClasses(counting, Component());
+        *object = own.Create(progId);
+    });
+}
+
+int TesselCanUnloadNow() { return liveObjects == 0 && !Component().window ? succeeded : failed; }

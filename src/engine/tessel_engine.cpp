@@ -1,0 +1,135 @@
+#include "engine/tessel_engine.h"
+
+#include "engine/headless_window.h"
+#include "engine/queued_questions.h"
+#include "platform/component/member_table.h"
+#include "platform/files/file_service.h"
+#include "schema/sql_text.h"
+
+namespace tessel {
+
+namespace {
+
+constexpr const char* schemaType = "DBSCHEMA";
+
+std::string WorkspaceFolder(host::Frontend& frontend) {
+    return frontend.GetCorvaneName(host::name_item::workspaceFolder);
+}
+
+std::shared_ptr<host::RepositoryObject> MakeSchemaObject(host::Frontend& frontend,
+                                                         host::RepositoryObject& project,
+                                                         const std::string& projectName) {
+    auto object = frontend.RepositoryOf()->NewObject(schemaType, projectName);
+    object->BeginChange();
+    object->SetAttribute("Source", "Projects\\" + projectName + "\\DBSCHEMA\\" + projectName + ".mdb");
+    object->EndChange();
+    project.AddRelation("IncludesDBSchema", *object);
+    return object;
+}
+
+// A journal with changes in it belongs to the database that it stands beside; a new database must not get
+// them.
+void RefuseOrphanedJournal(const std::string& databaseFilename) {
+    constexpr std::string_view liveJournal = "\xd9\xd5\x05\xf9\x20\xa1\x63\xd7";
+    const std::string journal = databaseFilename + "-journal";
+    if (files::FileExists(journal) && files::ReadFile(journal).starts_with(liveJournal))
+        throw Error(ErrorKind::File,
+                    files::NativePath(journal) +
+                        " holds changes of a database that is not there. Put the database back, or "
+                        "move the journal away to start with an empty schema.");
+}
+
+// Why the database does not open, in the user's language.
+std::string Reason(const text::Texts& texts, const Error& error) {
+    static constexpr std::pair<ErrorKind, int> reasons[] = {
+        {ErrorKind::Missing, 1101}, {ErrorKind::Empty, 1102},    {ErrorKind::NotADatabase, 1103},
+        {ErrorKind::Jet, 1104},     {ErrorKind::Damaged, 1105},  {ErrorKind::Foreign, 1106},
+        {ErrorKind::Newer, 1107},   {ErrorKind::ReadOnly, 1108}, {ErrorKind::Busy, 1109},
+    };
+    for (const auto& [kind, number] : reasons)
+        if (kind == error.Kind()) return texts.Text(number);
+    return error.what();
+}
+
+// Whoever starts the component without services of its own gets the installation's.
+void ProvideServices(ComponentState& state) {
+    if (!state.texts)
+        state.texts = std::make_shared<text::Texts>(
+            files::NativePath(state.Frontend().GetCorvaneName(host::name_item::templates) + "\\texts"),
+            text::LanguageOfLocale());
+    if (!state.codePage) state.codePage = std::make_shared<text::CodePage>(text::CodePage::FromEnvironment());
+    if (!state.questions) state.questions = std::make_shared<QueuedQuestions>();
+    if (!state.loadMainWindow) state.loadMainWindow = LoadHeadlessWindow;
+}
+
+}  // namespace
+
+std::int32_t TesselEngine::Run(const std::shared_ptr<host::Frontend>& frontend, const Value&, const Value&) {
+    state_.frontend = frontend;
+    ProvideServices(state_);
+    state_.project = frontend->ProjectObject();
+    state_.projectName = NullToText(state_.project->Attribute("Name"));
+    FindSchemaObject();
+    SetPaths();
+    if (!files::FileExists(state_.databaseFilename)) MakeDatabase();
+    if (!OpenDatabase()) return 1;
+    state_.restrictText = state_.texts->Text(213);
+    state_.cascadeText = state_.texts->Text(214);
+    return LoadMainWindow() ? 0 : 1;
+}
+
+void TesselEngine::FindSchemaObject() {
+    state_.schemaObject.reset();
+    try {
+        state_.schemaObject = state_.frontend->RepositoryOf()->FindObject(schemaType, state_.projectName);
+    } catch (const Error&) {
+        state_.schemaObject = MakeSchemaObject(*state_.frontend, *state_.project, state_.projectName);
+    }
+}
+
+void TesselEngine::SetPaths() {
+    const std::string root = WorkspaceFolder(*state_.frontend);
+    state_.databaseFilename = root + "\\" + NullToText(state_.schemaObject->Attribute("Source"));
+    state_.schemaFolder = root + "\\Projects\\" + state_.projectName + "\\DBSCHEMA";
+}
+
+void TesselEngine::MakeDatabase() {
+    RefuseOrphanedJournal(state_.databaseFilename);
+    if (!files::FolderExists(state_.schemaFolder)) files::CreateFolder(state_.schemaFolder);
+    const std::string templates = state_.frontend->GetCorvaneName(host::name_item::templates);
+    files::CopyFile(templates + "\\DBSchema.mdb", state_.databaseFilename);
+}
+
+bool TesselEngine::OpenDatabase() {
+    state_.database.reset();
+    try {
+        state_.database = db::Database::Open(files::NativePath(state_.databaseFilename));
+        return true;
+    } catch (const db::DatabaseError& error) {
+        state_.questions->Show({.text = state_.texts->Format(516, {"\r\n" + state_.databaseFilename}),
+                                .title = state_.Title(),
+                                .detail = Reason(*state_.texts, error)});
+        return false;
+    }
+}
+
+bool TesselEngine::LoadMainWindow() {
+    try {
+        state_.window = state_.loadMainWindow(state_);
+        return true;
+    } catch (const std::exception& error) {
+        state_.window.reset();
+        state_.questions->Show(
+            {.text = state_.texts->Format(517, {state_.Title(), std::string("\r") + error.what()}),
+             .title = state_.Title(),
+             .icon = host::Icon::Critical});
+        return false;
+    }
+}
+
+Value TesselEngine::Call(std::string_view member, CallKind kind, Arguments& arguments) {
+    static const MemberTable<TesselEngine> members{Method<&TesselEngine::Run>("Run")};
+    return members.Call(*this, member, kind, arguments);
+}
+
+}  // namespace tessel

@@ -1,0 +1,39 @@
+#include "tessel/error.h"
+
+#include <array>
+#include <utility>
+
+namespace tessel {
+
+std::string_view KindName(ErrorKind kind) {
+    static constexpr std::array<std::pair<ErrorKind, std::string_view>, 23> names{{
+        {ErrorKind::Argument, "argument"},
+        {ErrorKind::Member, "member"},
+        {ErrorKind::Conversion, "conversion"},
+        {ErrorKind::Component, "component"},
+        {ErrorKind::Collection, "collection"},
+        {ErrorKind::JsonLine, "json"},
+        {ErrorKind::Answer, "answer"},
+        {ErrorKind::File, "file"},
+        {ErrorKind::Xml, "xml"},
+        {ErrorKind::Host, "host"},
+        {ErrorKind::Sql, "sql"},
+        {ErrorKind::Constraint, "constraint"},
+        {ErrorKind::Missing, "missing"},
+        {ErrorKind::Empty, "empty"},
+        {ErrorKind::NotADatabase, "not a database"},
+        {ErrorKind::Jet, "jet"},
+        {ErrorKind::Damaged, "damaged"},
+        {ErrorKind::Foreign, "foreign"},
+        {ErrorKind::Newer, "newer"},
+        {ErrorKind::ReadOnly, "read only"},
+        {ErrorKind::Busy, "busy"},
+        {ErrorKind::Full, "full"},
+        {ErrorKind::Io, "io"},
+    }};
+    for (const auto& [value, name] : names)
+        if (value == kind) return name;
+    return "error";
+}
+
+}  // namespace tessel

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <utility>
+
+#include "platform/db/database.h"
+
+namespace tessel {
+
+// Runs an action as one transaction and returns what it returns; what it wrote is kept either way. A failure
+// of the database or of a conversion undoes the action and gives false; other failures undo it and are
+// thrown.
+template <typename Action>
+bool RunTrapped(db::Database& database, Action&& action) {
+    try {
+        db::Transaction transaction(database);
+        const bool result = std::forward<Action>(action)();
+        transaction.Commit();
+        return result;
+    } catch (const db::DatabaseError&) {
+        return false;
+    } catch (const Error& error) {
+        if (error.Kind() != ErrorKind::Conversion) throw;
+        return false;
+    }
+}
+
+// Runs what may fail without harm, such as showing in the window what the database already holds.
+template <typename Action>
+void RunIgnoringErrors(Action&& action) {
+    try {
+        std::forward<Action>(action)();
+    } catch (const Error&) {
+        return;
+    }
+}
+
+}  // namespace tessel

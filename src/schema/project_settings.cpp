@@ -1,0 +1,24 @@
+#include "schema/project_settings.h"
+
+#include "schema/sql_text.h"
+
+namespace tessel {
+
+std::string GetProjectSettings(db::Database& database, const std::string& propName) {
+    auto row = database.Select("select PropValue from ProjectSettings where PropName = '" +
+                               SqlQuote(propName) + "'");
+    return row.Next() ? row.Text("PropValue") : std::string();
+}
+
+void SetProjectSettings(db::Database& database, const std::string& propName, const std::string& propValue) {
+    db::Transaction change(database);
+    database.Execute("delete from ProjectSettings where PropName = '" + SqlQuote(propName) + "'");
+    if (!propValue.empty())
+        database.Execute("insert into ProjectSettings(PropName,Propvalue) values ('" + SqlQuote(propName) +
+                         "','" + SqlQuote(propValue) + "')");
+    change.Commit();
+}
+
+void RemoveVerifiedMark(db::Database& database) { SetProjectSettings(database, "Verified", ""); }
+
+}  // namespace tessel

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "tessel/object.h"
+
+namespace tessel {
+
+// The main window as the workspace and its callers see it. Keys are a letter and a decimal identifier: "t12"
+// is a table, "k3" a foreign key.
+class ToolWindow : public Object {
+  public:
+    // Adds the table to the browser and the diagram, or renews it there. The tag (the table's origin
+    // reference) and the comment stay as they are when they are Missing.
+    virtual void DrawTable(const std::string& tableName, std::int32_t tabID, const Value& tag,
+                           const Value& comments) = 0;
+    // Takes the table out of the browser and the diagram; nothing when it is not there.
+    virtual void RemoveTable(const std::string& key) = 0;
+
+    // Connectors of the diagram, from the referencing to the referenced table. Nothing happens when a table
+    // has no shape or the connector is not there.
+    virtual void AddConnector(const std::string& key, const std::string& fromKey, const std::string& toKey,
+                              const std::string& caption) = 0;
+    virtual void SetConnectorText(const std::string& key, const std::string& caption) = 0;
+    virtual void RemoveConnector(const std::string& key) = 0;
+
+    // Progress of a long operation, in units of the caller's choice.
+    virtual void StartProgress(const std::string& action, std::int32_t totalLength) = 0;
+    virtual void StartStep(const std::string& act) = 0;
+    virtual void FinishStep(std::int32_t length) = 0;
+    virtual void FinishProgress() = 0;
+
+    // Shows the tables as the database now holds them.
+    virtual void RefreshBrowser() = 0;
+
+    // The reference text of the origin viewer.
+    [[nodiscard]] virtual std::string CVRL() const = 0;
+    virtual void SetCVRL(const std::string& value) = 0;
+
+    Value Call(std::string_view member, CallKind kind, Arguments& arguments) override;
+};
+
+}  // namespace tessel

@@ -1,0 +1,118 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+#include "host/frontend.h"
+#include "tessel/error.h"
+
+namespace tessel::test {
+
+class FakeObject : public host::RepositoryObject {
+  public:
+    FakeObject(std::string identifier, std::string type)
+        : identifier_(std::move(identifier)), type_(std::move(type)) {}
+
+    std::string Identifier() const override { return identifier_; }
+    std::string TypeName() const override { return type_; }
+    Value Attribute(const std::string& name) const override {
+        const auto found = attributes.find(name);
+        return found == attributes.end() ? Value() : Value(found->second);
+    }
+    void SetAttribute(const std::string& name, const std::string& value) override {
+        attributes[name] = value;
+    }
+    void BeginChange() override { log.push_back("begin"); }
+    void EndChange() override { log.push_back("end " + attributes["Source"]); }
+    void AddRelation(const std::string& relation, const RepositoryObject& other) override {
+        log.push_back(relation + " " + other.Identifier());
+    }
+    std::vector<std::shared_ptr<RepositoryObject>> Related(const std::string& relation) const override {
+        const auto found = related.find(relation);
+        return found == related.end() ? std::vector<std::shared_ptr<RepositoryObject>>{} : found->second;
+    }
+    Value Call(std::string_view, CallKind, Arguments&) override { throw Error(ErrorKind::Member, "none"); }
+
+    std::map<std::string, std::string> attributes;
+    std::map<std::string, std::vector<std::shared_ptr<RepositoryObject>>> related;
+    std::vector<std::string> log;
+
+  private:
+    std::string identifier_;
+    std::string type_;
+};
+
+class FakeRepository : public host::Repository {
+  public:
+    std::shared_ptr<host::RepositoryObject> FindObject(const std::string& type,
+                                                       const std::string& name) override {
+        for (const auto& object : objects)
+            if (object->TypeName() == type && object->attributes["Name"] == name) return object;
+        throw Error(ErrorKind::Host, "no " + type + " " + name);
+    }
+    std::shared_ptr<host::RepositoryObject> NewObject(const std::string& type,
+                                                      const std::string& name) override {
+        return Add(type, name);
+    }
+    std::shared_ptr<host::RepositoryObject> ObjectById(const std::string& identifier) override {
+        for (const auto& object : objects)
+            if (object->Identifier() == identifier) return object;
+        throw Error(ErrorKind::Host, "no object " + identifier);
+    }
+    Value Call(std::string_view, CallKind, Arguments&) override { throw Error(ErrorKind::Member, "none"); }
+
+    std::shared_ptr<FakeObject> Add(const std::string& type, const std::string& name) {
+        objects.push_back(std::make_shared<FakeObject>("o" + std::to_string(objects.size() + 1), type));
+        objects.back()->attributes["Name"] = name;
+        return objects.back();
+    }
+
+    std::vector<std::shared_ptr<FakeObject>> objects;
+};
+
+// A host over a folder, with the project "Demo".
+class FakeFrontend : public host::Frontend {
+  public:
+    FakeFrontend(std::string folder, std::string share)
+        : names{{host::name_item::workspaceFolder, std::move(folder)},
+                {host::name_item::templates, share},
+                {host::name_item::images, share},
+                {host::name_item::icons, share},
+                {host::name_item::workspaceName, "Works"},
+                {host::name_item::projectName, "Demo"}},
+          project(repository->Add("PROJECT", "Demo")) {
+        SetEncoding("ASCII");
+    }
+
+    void SetEncoding(const std::string& value) {
+        options = xml::Document::Parse(
+            "<OPTIONS><LIST NAME=\"ObjectComputerEncoding\" VALUE=\"" + value + "\"/></OPTIONS>", "options");
+    }
+
+    std::shared_ptr<host::RepositoryObject> ProjectObject() override { return project; }
+    std::shared_ptr<host::Repository> RepositoryOf() override { return repository; }
+    std::string GetCorvaneName(int item) override { return names.at(item); }
+    const xml::Document& WorkspaceOptions() override { return options; }
+    std::string ObjectKind(const host::RepositoryObject& object) override { return object.TypeName(); }
+    std::shared_ptr<host::OriginSource> LoadSource(const std::string& path,
+                                                   const host::RepositoryObject& object) override {
+        struct Source : host::OriginSource {
+            explicit Source(std::vector<std::string>& log) : log_(log) {}
+            void Close() override { log_.push_back("close"); }
+            std::vector<std::string>& log_;
+        };
+        log.push_back("load " + path);
+        if (object.Attribute("Lumivex") == Value("broken.txt")) throw Error(ErrorKind::File, "broken");
+        return std::make_shared<Source>(log);
+    }
+    Value Call(std::string_view, CallKind, Arguments&) override { throw Error(ErrorKind::Member, "none"); }
+
+    std::map<int, std::string> names;
+    std::shared_ptr<FakeRepository> repository = std::make_shared<FakeRepository>();
+    std::shared_ptr<FakeObject> project;
+    xml::Document options;
+    std::vector<std::string> log;
+};
+
+}  // namespace tessel::test
