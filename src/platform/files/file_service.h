@@ -3,15 +3,16 @@
 #include <string>
 #include <string_view>
 
-// Files and folders by full path. A path may be written with '\' or '/' between its parts, also mixed; a part named
-// ".." and a NUL are refused, so that no name leads out of its folder. Failures throw ErrorKind::File (Full and
-// ReadOnly where that is the cause), saying the path.
+// Files and folders by full path. A path may be written with '\' or '/' between its parts, also mixed; a part
+// named
+// ".." and a NUL are refused, so that no name leads out of its folder. Failures throw ErrorKind::File (Full
+// and ReadOnly where that is the cause), saying the path.
 namespace tessel::files {
 
 // The path as the system writes it.
 [[nodiscard]] std::string NativePath(std::string_view path);
 
-[[nodiscard]] bool FileExists(std::string_view path);    // a file, not a folder
+[[nodiscard]] bool FileExists(std::string_view path);  // a file, not a folder
 [[nodiscard]] bool FolderExists(std::string_view path);
 
 // Makes the last folder of the path; the ones above it must be there.
@@ -24,16 +25,16 @@ void CopyFile(std::string_view from, std::string_view to);
 void DeleteFolder(std::string_view path);
 
 struct PathParts {
-    std::string folder;    // without a separator at its end
-    std::string baseName;  // without the extension
+    std::string folder;     // without a separator at its end
+    std::string baseName;   // without the extension
     std::string extension;  // with its dot, or empty
 };
 [[nodiscard]] PathParts SplitPath(std::string_view path);
 
 [[nodiscard]] std::string ReadFile(std::string_view path);
 
-// Gives the file this content. A crash or a full disk leaves the old content or the whole new one, on the disk before
-// this returns.
+// Gives the file this content. A crash or a full disk leaves the old content or the whole new one, on the
+// disk before this returns.
 void ReplaceFile(std::string_view path, std::string_view content);
 
 }  // namespace tessel::files

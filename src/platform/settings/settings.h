@@ -9,12 +9,13 @@ namespace tessel {
 class Settings {
   public:
     virtual ~Settings() = default;
-    [[nodiscard]] virtual std::optional<std::string> Get(const std::string& section, const std::string& key) const = 0;
+    [[nodiscard]] virtual std::optional<std::string> Get(const std::string& section,
+                                                         const std::string& key) const = 0;
     virtual void Set(const std::string& section, const std::string& key, const std::string& value) = 0;
 };
 
-// The ini file that holds the settings of the application `title`: TITLE.ini under XDG_CONFIG_HOME, or under .config
-// of the home folder.
+// The ini file that holds the settings of the application `title`: TITLE.ini under XDG_CONFIG_HOME, or under
+// .config of the home folder.
 [[nodiscard]] std::string SettingsPath(const std::string& title);
 
 }  // namespace tessel

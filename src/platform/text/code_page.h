@@ -14,7 +14,8 @@ class CodePage {
     CodePage(CodePage&&) noexcept;
     CodePage& operator=(CodePage&&) noexcept;
 
-    // The one that TESSEL_CODEPAGE names, else the locale's: 932 for Japanese, 949 for Korean, 1252 for the rest.
+    // The one that TESSEL_CODEPAGE names, else the locale's: 932 for Japanese, 949 for Korean, 1252 for the
+    // rest.
     [[nodiscard]] static CodePage FromEnvironment();
 
     [[nodiscard]] int Number() const { return number_; }

@@ -10,9 +10,9 @@ namespace tessel::text {
 // The numbered texts of one language, and the product texts, which have names in place of numbers.
 class Texts {
   public:
-    // Reads FOLDER/LANGUAGE.txt; `language` is "en", "ja" or "ko". Each line is a number or a product text's name, a
-    // blank and the text, in which \n, \r, \t and \\ stand for those characters; empty lines and lines that begin
-    // with '#' are passed over. Throws ErrorKind::File, saying file and line.
+    // Reads FOLDER/LANGUAGE.txt; `language` is "en", "ja" or "ko". Each line is a number or a product text's
+    // name, a blank and the text, in which \n, \r, \t and \\ stand for those characters; empty lines and
+    // lines that begin with '#' are passed over. Throws ErrorKind::File, saying file and line.
     Texts(const std::string& folder, std::string_view language);
 
     [[nodiscard]] const std::string& Language() const { return language_; }
@@ -32,9 +32,10 @@ class Texts {
     std::unordered_map<std::string, std::string> texts_;
 };
 
-// Replaces %1 to %9 in one pass, so that an argument is never searched for placeholders; a placeholder without an
-// argument stays.
-[[nodiscard]] std::string FormatText(std::string_view text, std::initializer_list<std::string_view> arguments);
+// Replaces %1 to %9 in one pass, so that an argument is never searched for placeholders; a placeholder
+// without an argument stays.
+[[nodiscard]] std::string FormatText(std::string_view text,
+                                     std::initializer_list<std::string_view> arguments);
 
 // "en", "ja" or "ko", by LC_ALL, LC_MESSAGES and LANG.
 [[nodiscard]] std::string LanguageOfLocale();

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
-// XML documents with XPath. Everything that is read is kept, comments and unknown elements too. Neither external
-// entities nor document types are ever expanded.
+// XML documents with XPath. Everything that is read is kept, comments and unknown elements too. Neither
+// external entities nor document types are ever expanded.
 namespace tessel::xml {
 
 class Document;
@@ -21,15 +21,16 @@ class Element {
     bool operator==(const Element&) const = default;
 
     [[nodiscard]] std::string Name() const;
-    [[nodiscard]] std::optional<std::string> Attribute(std::string_view name) const;  // nothing when it is not there
+    [[nodiscard]] std::optional<std::string> Attribute(
+        std::string_view name) const;  // nothing when it is not there
     void SetAttribute(std::string_view name, std::string_view value);
 
     [[nodiscard]] std::vector<Element> Children() const;
     Element AppendChild(std::string_view name);
     void Remove();  // takes the element out of its document
 
-    // The first element that the XPath selects, from here; the empty element when there is none. A path that is no
-    // XPath throws ErrorKind::Xml.
+    // The first element that the XPath selects, from here; the empty element when there is none. A path that
+    // is no XPath throws ErrorKind::Xml.
     [[nodiscard]] Element SelectSingleNode(std::string_view xpath) const;
 
   private:

@@ -1,0 +1,109 @@
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <optional>
+
+#include "platform/files/descriptor.h"
+#include "platform/files/file_error.h"
+#include "platform/files/file_service.h"
+
+namespace tessel::files {
+namespace fs = std::filesystem;
+namespace {
+
+[[noreturn]] void Fail(const fs::path& target, int cause) {
+    ThrowWriteError("file", target.string(), "written", cause);
+}
+
+// Where a link leads, also when nothing is there yet.
+fs::path FollowLinks(fs::path path) {
+    constexpr int mostLinks = 40;
+    for (int count = 0; count < mostLinks; ++count) {
+        std::error_code fault;
+        const auto target = fs::read_symlink(path, fault);
+        if (fault) return path;
+        path = path.parent_path() / target;
+    }
+    Fail(path, ELOOP);
+}
+
+// The file that stands at the target; nothing when there is none. One that may not be replaced throws.
+std::optional<struct stat> Earlier(const fs::path& target) {
+    struct stat status {};
+    if (stat(target.c_str(), &status) != 0) {
+        if (errno == ENOENT) return std::nullopt;
+        Fail(target, errno);
+    }
+    if (!S_ISREG(status.st_mode)) Fail(target, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
+    if (access(target.c_str(), W_OK) != 0) Fail(target, errno);
+    return status;
+}
+
+// The new content beside the target, gone in the end unless it took the target's place.
+class TemporaryFile {
+  public:
+    explicit TemporaryFile(const fs::path& target) : target_(target), file_(Make()) {}
+    ~TemporaryFile() {
+        if (!path_.empty()) unlink(path_.c_str());
+    }
+    TemporaryFile(const TemporaryFile&) = delete;
+    TemporaryFile& operator=(const TemporaryFile&) = delete;
+
+    void TakeRightsOf(const struct stat& earlier) {
+        // Another user's file stays that user's where the system lets us; the rights below always hold.
+        [[maybe_unused]] const auto given = fchown(file_.Number(), earlier.st_uid, earlier.st_gid);
+        if (fchmod(file_.Number(), earlier.st_mode & 07777) != 0) Fail(target_, errno);
+    }
+
+    void Write(std::string_view content) {
+        if (!file_.WriteAll(content) || fsync(file_.Number()) != 0 || !file_.Close()) Fail(target_, errno);
+    }
+
+    void TakePlace() {
+        if (rename(path_.c_str(), target_.c_str()) != 0) Fail(target_, errno);
+        path_.clear();
+    }
+
+  private:
+    // A name of its own is tried anew until it is free: an earlier process may have left one behind in a
+    // crash.
+    Descriptor Make() {
+        for (int count = 0;; ++count) {
+            const auto name = ".tessel-" + std::to_string(getpid()) + "-" + std::to_string(count);
+            const auto path = target_.parent_path() / name;
+            Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
+            if (!file.IsOpen() && errno == EEXIST) continue;
+            if (!file.IsOpen()) Fail(target_, errno);
+            path_ = path;
+            return file;
+        }
+    }
+
+    fs::path target_;
+    fs::path path_;
+    Descriptor file_;
+};
+
+// Makes the renaming last; some file systems know no such thing and say EINVAL.
+void SyncFolder(const fs::path& target) {
+    const auto folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
+    const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!opened.IsOpen() || (fsync(opened.Number()) != 0 && errno != EINVAL)) Fail(target, errno);
+}
+
+}  // namespace
+
+void ReplaceFile(std::string_view path, std::string_view content) {
+    const auto target = FollowLinks(NativePath(path));
+    const auto earlier = Earlier(target);
+    TemporaryFile file(target);
+    if (earlier) file.TakeRightsOf(*earlier);
+    file.Write(content);
+    file.TakePlace();
+    SyncFolder(target);
+}
+
+}  // namespace tessel::files

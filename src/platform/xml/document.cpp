@@ -1,0 +1,88 @@
+#include "platform/xml/document.h"
+
+#include <algorithm>
+#include <pugixml.hpp>
+#include <sstream>
+
+#include "platform/files/file_service.h"
+#include "platform/text/utf8.h"
+#include "platform/xml/query.h"
+#include "tessel/error.h"
+
+namespace tessel::xml {
+namespace {
+
+// The declaration is left out because saving writes its own, for UTF-8; a blank text between tags is content.
+constexpr unsigned parseOptions = pugi::parse_default | pugi::parse_fragment | pugi::parse_comments |
+                                  pugi::parse_pi | pugi::parse_doctype | pugi::parse_ws_pcdata_single;
+
+[[noreturn]] void FailAt(std::string_view name, std::string_view text, std::ptrdiff_t offset,
+                         const std::string& reason) {
+    const auto before = text.substr(0, static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0)));
+    const auto line = std::ranges::count(before, '\n') + 1;
+    throw Error(ErrorKind::Xml, std::string(name) + ", line " + std::to_string(line) + ": " + reason + ".");
+}
+
+bool IsContent(const pugi::xml_node& node) {
+    return node.type() == pugi::node_element || node.type() == pugi::node_cdata ||
+           (node.type() == pugi::node_pcdata &&
+            std::string_view(node.value()).find_first_not_of(" \t\r\n") != std::string_view::npos);
+}
+
+void RequireOneRoot(const pugi::xml_document& document, std::string_view text, std::string_view name) {
+    const auto root = document.document_element();
+    if (!root) FailAt(name, text, 0, "the document has no root element");
+    for (const auto& node : document.children()) {
+        if (IsContent(node) && node != root) {
+            FailAt(name, text, node.offset_debug(), "the document goes on outside its root element");
+        }
+    }
+}
+
+}  // namespace
+
+struct Document::Implementation {
+    pugi::xml_document document;
+};
+
+Document::Document() : implementation_(std::make_unique<Implementation>()) {}
+Document::~Document() = default;
+Document::Document(Document&&) noexcept = default;
+Document& Document::operator=(Document&&) noexcept = default;
+
+Document Document::Load(const std::string& path) { return Parse(files::ReadFile(path), path); }
+
+Document Document::Parse(std::string_view text, std::string_view name) {
+    Document parsed;
+    auto& document = parsed.implementation_->document;
+    const auto result = document.load_buffer(text.data(), text.size(), parseOptions);
+    if (!result) FailAt(name, text, result.offset, result.description());
+    if (result.encoding == pugi::encoding_utf8 && !text::IsValidUtf8(text)) {
+        FailAt(name, text, 0, "the document is not in UTF-8");
+    }
+    RequireOneRoot(document, text, name);
+    return parsed;
+}
+
+Element Document::Root() const {
+    return Element(implementation_->document.document_element().internal_object());
+}
+
+Element Document::AppendRoot(std::string_view name) {
+    if (Root()) throw Error(ErrorKind::Xml, "The document has a root element already.");
+    return Element(implementation_->document.append_child(std::string(name).c_str()).internal_object());
+}
+
+Element Document::SelectSingleNode(std::string_view xpath) const {
+    return Element(SelectElement(implementation_->document.internal_object(), xpath));
+}
+
+std::string Document::Text() const {
+    std::ostringstream text;
+    implementation_->document.save(text, "  ", pugi::format_default, pugi::encoding_utf8);
+    return text.str();
+}
+
+void Document::Save(const std::string& path) const { files::ReplaceFile(path, Text()); }
+
+}  // namespace tessel::xml

@@ -1,0 +1,198 @@
+#include "workbench/repository_contents.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "tessel/error.h"
+
+namespace tessel::workbench {
+namespace {
+
+[[noreturn]] void Damaged(const std::string& reason) { throw Error(ErrorKind::Xml, reason); }
+
+std::string Required(const xml::Element& element, const std::string& name) {
+    const auto value = element.Attribute(name);
+    if (!value || value->empty())
+        Damaged("an element \"" + element.Name() + "\" has no attribute \"" + name + "\"");
+    return *value;
+}
+
+std::string NameKey(const std::string& type, const std::string& name) { return type + '\0' + name; }
+
+xml::Element ChildNamed(const xml::Element& parent, const std::string& element, const std::string& name) {
+    for (const auto& child : parent.Children()) {
+        if (child.Name() == element && child.Attribute("name") == name) return child;
+    }
+    return {};
+}
+
+std::optional<std::string> AttributeOf(const xml::Element& object, const std::string& name) {
+    const auto attribute = ChildNamed(object, "attribute", name);
+    return attribute ? attribute.Attribute("value") : std::nullopt;
+}
+
+void SetAttribute(xml::Element object, const std::string& name, const std::string& value) {
+    auto attribute = ChildNamed(object, "attribute", name);
+    if (!attribute) {
+        attribute = object.AppendChild("attribute");
+        attribute.SetAttribute("name", name);
+    }
+    attribute.SetAttribute("value", value);
+}
+
+std::uint64_t Counter(const xml::Element& root) {
+    const auto text = Required(root, "next");
+    std::uint64_t counter = 0;
+    const auto* end = text.data() + text.size();
+    const auto [stop, fault] = std::from_chars(text.data(), end, counter);
+    if (fault != std::errc() || stop != end) Damaged("the attribute \"next\" is no number");
+    return counter;
+}
+
+}  // namespace
+
+RepositoryContents::RepositoryContents() {
+    auto root = document_.AppendRoot("workspace");
+    root.SetAttribute("next", "1");
+    root.AppendChild("objects");
+    root.AppendChild("relations");
+}
+
+RepositoryContents RepositoryContents::Load(const std::string& path) {
+    RepositoryContents contents(xml::Document::Load(path));
+    try {
+        contents.ReadSections();
+    } catch (const Error& error) {
+        throw Error(error.Kind(), path + " is damaged: " + error.what() + ".");
+    }
+    return contents;
+}
+
+void RepositoryContents::ReadSections() {
+    if (document_.Root().Name() != "workspace") Damaged("its root element is not \"workspace\"");
+    (void)Counter(document_.Root());
+    for (const auto& object : Section("objects").Children()) {
+        if (object.Name() == "object") ReadObject(object);
+    }
+    for (const auto& relation : Section("relations").Children()) {
+        if (relation.Name() == "relation") ReadRelation(relation);
+    }
+    EnterAllNames();
+}
+
+void RepositoryContents::ReadObject(const xml::Element& object) {
+    const auto identifier = Required(object, "id");
+    (void)Required(object, "type");
+    if (!objects_.emplace(identifier, object).second)
+        Damaged("two objects have the identifier " + identifier);
+}
+
+void RepositoryContents::ReadRelation(const xml::Element& relation) {
+    relations_[Required(relation, "from")].push_back({Required(relation, "name"), Required(relation, "to")});
+}
+
+void RepositoryContents::EnterName(const std::string& identifier, const xml::Element& object) {
+    if (const auto name = AttributeOf(object, "Name")) {
+        identifiers_.emplace(NameKey(Required(object, "type"), *name), identifier);
+    }
+}
+
+void RepositoryContents::EnterAllNames() {
+    identifiers_.clear();
+    for (const auto& object : Section("objects").Children()) {
+        if (object.Name() == "object") EnterName(Required(object, "id"), object);
+    }
+}
+
+std::optional<std::string> RepositoryContents::WorkspaceName() const {
+    return document_.Root().Attribute("name");
+}
+
+std::string RepositoryContents::TypeOf(const std::string& identifier) const {
+    return Required(Object(identifier), "type");
+}
+
+std::optional<std::string> RepositoryContents::Attribute(const std::string& identifier,
+                                                         const std::string& name) const {
+    return AttributeOf(Object(identifier), name);
+}
+
+std::optional<std::string> RepositoryContents::Find(const std::string& type, const std::string& name) const {
+    const auto found = identifiers_.find(NameKey(type, name));
+    return found == identifiers_.end() ? std::nullopt : std::optional(found->second);
+}
+
+std::vector<std::string> RepositoryContents::NamesOf(const std::string& type) const {
+    std::vector<std::string> names;
+    for (const auto& object : Section("objects").Children()) {
+        if (object.Name() != "object" || object.Attribute("type") != type) continue;
+        if (const auto name = AttributeOf(object, "Name")) names.push_back(*name);
+    }
+    return names;
+}
+
+std::vector<std::string> RepositoryContents::Related(const std::string& identifier,
+                                                     const std::string& relation) const {
+    (void)Object(identifier);
+    std::vector<std::string> related;
+    const auto found = relations_.find(identifier);
+    if (found == relations_.end()) return related;
+    for (const auto& [name, to] : found->second) {
+        if (name == relation && HasObject(to)) related.push_back(to);
+    }
+    return related;
+}
+
+std::string RepositoryContents::TakeIdentifier() {
+    auto counter = Counter(document_.Root());
+    // Objects entered by hand may stand in the counter's way.
+    while (HasObject("O" + std::to_string(counter))) ++counter;
+    document_.Root().SetAttribute("next", std::to_string(counter + 1));
+    return "O" + std::to_string(counter);
+}
+
+void RepositoryContents::AddObject(const std::string& identifier, const std::string& type) {
+    auto object = SectionToExtend("objects").AppendChild("object");
+    object.SetAttribute("id", identifier);
+    object.SetAttribute("type", type);
+    objects_.emplace(identifier, object);
+}
+
+void RepositoryContents::SetAttributes(const std::string& identifier, const Attributes& attributes) {
+    const auto object = Object(identifier);
+    const auto oldName = AttributeOf(object, "Name");
+    for (const auto& [name, value] : attributes) SetAttribute(object, name, value);
+    if (AttributeOf(object, "Name") == oldName) return;
+    oldName ? EnterAllNames() : EnterName(identifier, object);
+}
+
+void RepositoryContents::AddRelation(const std::string& from, const std::string& relation,
+                                     const std::string& to) {
+    (void)Object(to);
+    if (std::ranges::count(Related(from, relation), to) > 0) return;
+    auto element = SectionToExtend("relations").AppendChild("relation");
+    element.SetAttribute("name", relation);
+    element.SetAttribute("from", from);
+    element.SetAttribute("to", to);
+    relations_[from].push_back({relation, to});
+}
+
+xml::Element RepositoryContents::Object(const std::string& identifier) const {
+    const auto object = objects_.find(identifier);
+    if (object != objects_.end()) return object->second;
+    throw Error(ErrorKind::Host, "There is no object " + identifier + " in the workspace.");
+}
+
+xml::Element RepositoryContents::Section(const std::string& name) const {
+    for (const auto& child : document_.Root().Children()) {
+        if (child.Name() == name) return child;
+    }
+    return {};
+}
+
+xml::Element RepositoryContents::SectionToExtend(const std::string& name) {
+    const auto section = Section(name);
+    return section ? section : document_.Root().AppendChild(name);
+}
+
+}  // namespace tessel::workbench

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <tuple>
+
+#include "workbench/repository_contents.h"
+
+namespace tessel::workbench {
+
+// The file workspace.xml, which several programs may change in turn: each change is made to what the file
+// holds at that moment, under a lock, and none is lost. A crash leaves the file before or after a change.
+class RepositoryFile {
+  public:
+    explicit RepositoryFile(std::string path);
+
+    // What the file held when it was last looked at; good until the next call.
+    [[nodiscard]] const RepositoryContents& Contents();
+    // What the file holds now.
+    [[nodiscard]] const RepositoryContents& PresentContents();
+
+    // Makes the change in memory and on the disk, or, when it throws, in neither.
+    void Change(const std::function<void(RepositoryContents&)>& change);
+
+  private:
+    using Stamp =
+        std::tuple<unsigned long, unsigned long, long, long, long>;  // device, inode, size, time of change
+
+    [[nodiscard]] Stamp StampOnDisk() const;
+    void Read();
+
+    std::string path_;
+    std::optional<RepositoryContents> contents_;  // nothing when the file must be read anew
+    Stamp stamp_;
+};
+
+}  // namespace tessel::workbench

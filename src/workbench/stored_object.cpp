@@ -1,0 +1,99 @@
+#include "workbench/stored_object.h"
+
+#include <algorithm>
+#include <ranges>
+
+#include "platform/component/member_table.h"
+#include "tessel/error.h"
+
+namespace tessel::workbench {
+
+StoredObject::StoredObject(std::shared_ptr<RepositoryFile> file, std::string identifier)
+    : file_(std::move(file)), identifier_(std::move(identifier)) {}
+
+std::shared_ptr<StoredObject> StoredObject::New(std::shared_ptr<RepositoryFile> file, const std::string& type,
+                                                const std::string& name) {
+    std::string identifier;
+    file->Change([&](RepositoryContents& contents) { identifier = contents.TakeIdentifier(); });
+    auto object = std::make_shared<StoredObject>(std::move(file), identifier);
+    object->draft_ = Draft{type, {{"Name", name}}};
+    return object;
+}
+
+std::string StoredObject::TypeName() const {
+    return draft_ && draft_->newType ? *draft_->newType : file_->Contents().TypeOf(identifier_);
+}
+
+Value StoredObject::Attribute(const std::string& name) const {
+    if (draft_) {
+        const auto latest = std::views::reverse(draft_->attributes);
+        const auto found =
+            std::ranges::find(latest, name, &RepositoryContents::Attributes::value_type::first);
+        if (found != latest.end()) return found->second;
+        if (draft_->newType) return Null{};
+    }
+    const auto value = file_->Contents().Attribute(identifier_, name);
+    return value ? Value(*value) : Null{};
+}
+
+void StoredObject::SetAttribute(const std::string& name, const std::string& value) {
+    if (draft_) {
+        draft_->attributes.emplace_back(name, value);
+        return;
+    }
+    file_->Change([&](RepositoryContents& contents) {
+        contents.SetAttributes(identifier_, {{name, value}});
+    });
+}
+
+void StoredObject::BeginChange() {
+    if (!draft_) draft_.emplace();
+}
+
+void StoredObject::EndChange() {
+    if (!draft_) throw Error(ErrorKind::Host, "The object " + identifier_ + " has no change to end.");
+    file_->Change([this](RepositoryContents& contents) {
+        if (draft_->newType) contents.AddObject(identifier_, *draft_->newType);
+        contents.SetAttributes(identifier_, draft_->attributes);
+    });
+    draft_.reset();
+}
+
+void StoredObject::AddRelation(const std::string& relation, const host::RepositoryObject& other) {
+    file_->Change([&](RepositoryContents& contents) {
+        contents.AddRelation(identifier_, relation, other.Identifier());
+    });
+}
+
+std::vector<std::shared_ptr<host::RepositoryObject>> StoredObject::Related(
+    const std::string& relation) const {
+    std::vector<std::shared_ptr<host::RepositoryObject>> related;
+    for (const auto& identifier : file_->Contents().Related(identifier_, relation)) {
+        related.push_back(std::make_shared<StoredObject>(file_, identifier));
+    }
+    return related;
+}
+
+std::shared_ptr<Collection> StoredObject::RelatedCollection(const std::string& relation) const {
+    auto collection = std::make_shared<Collection>();
+    for (const auto& object : Related(relation)) {
+        collection->Add(std::shared_ptr<Object>(object), object->Identifier());
+    }
+    return collection;
+}
+
+Value StoredObject::Call(std::string_view member, CallKind kind, Arguments& arguments) {
+    static const MemberTable<StoredObject> members{
+        Getter<&StoredObject::Identifier>("Identifier"),
+        Getter<&StoredObject::TypeName>("TypeName"),
+        Method<&StoredObject::Attribute>("Attribute"),
+        Method<&StoredObject::SetAttribute>("SetAttribute"),
+        Method<&StoredObject::BeginChange>("BeginChange"),
+        Method<&StoredObject::EndChange>("EndChange"),
+        Method<&StoredObject::AddRelation>("AddRelation"),
+        Method<&StoredObject::RelatedCollection>("Related"),
+    };
+    return members.Call(*this, member, kind, arguments);
+}
+
+}  // namespace tessel::workbench

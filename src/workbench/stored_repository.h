@@ -1,0 +1,32 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/frontend.h"
+#include "workbench/repository_file.h"
+
+namespace tessel::workbench {
+
+// The objects of workspace.xml. What is not found is looked for again in the file as it is now.
+class StoredRepository : public host::Repository {
+  public:
+    explicit StoredRepository(std::shared_ptr<RepositoryFile> file) : file_(std::move(file)) {}
+
+    // By type and attribute "Name", both exactly; the first where several bear it. Throws ErrorKind::Host
+    // when there is none.
+    [[nodiscard]] std::shared_ptr<host::RepositoryObject> FindObject(const std::string& type,
+                                                                     const std::string& name) override;
+    // An object that its BeginChange and EndChange bring into the file.
+    [[nodiscard]] std::shared_ptr<host::RepositoryObject> NewObject(const std::string& type,
+                                                                    const std::string& name) override;
+    [[nodiscard]] std::shared_ptr<host::RepositoryObject> ObjectById(const std::string& identifier) override;
+
+    // FindObject, NewObject, and ObjectById under the name Object.
+    Value Call(std::string_view member, CallKind kind, Arguments& arguments) override;
+
+  private:
+    std::shared_ptr<RepositoryFile> file_;
+};
+
+}  // namespace tessel::workbench

@@ -1,0 +1,129 @@
+#include <gtest/gtest.h>
+
+#include "workbench/stored_repository.h"
+#include "workbench/workspace_fixture.h"
+
+namespace tessel::workbench {
+namespace {
+
+using Repository = WorkspaceFixture;
+
+TEST_F(Repository, ANewObjectIsThereFromTheEndOfItsChange) {
+    auto repository = OpenRepository();
+    const auto object = repository.NewObject("DBSCHEMA", "Orders");
+    const auto before = FileText();
+    object->BeginChange();
+    object->SetAttribute("Source", "first");
+    object->SetAttribute("Source", R"(Projects\Orders\DBSCHEMA\Orders.mdb)");
+    EXPECT_EQ(object->TypeName(), "DBSCHEMA");
+    EXPECT_EQ(object->Attribute("Name"), Value("Orders"));
+    EXPECT_EQ(object->Attribute("Source"), Value(R"(Projects\Orders\DBSCHEMA\Orders.mdb)"));
+    EXPECT_TRUE(object->Attribute("source").IsNull());
+    EXPECT_EQ(KindThrown([&] { repository.FindObject("PROJECT", "Orders")->AddRelation("r", *object); }),
+              ErrorKind::Host);
+    EXPECT_EQ(KindThrown([&] { (void)repository.ObjectById(object->Identifier()); }), ErrorKind::Host);
+    EXPECT_EQ(FileText(), before);
+    object->EndChange();
+
+    auto again = OpenRepository();
+    const auto found = again.FindObject("DBSCHEMA", "Orders");
+    EXPECT_EQ(found->Identifier(), object->Identifier());
+    EXPECT_EQ(found->Attribute("Source"), Value(R"(Projects\Orders\DBSCHEMA\Orders.mdb)"));
+    EXPECT_EQ(again.ObjectById(object->Identifier())->TypeName(), "DBSCHEMA");
+}
+
+TEST_F(Repository, AttributesAreWrittenAtOnceOrTogether) {
+    auto repository = OpenRepository();
+    const auto project = repository.FindObject("PROJECT", "Orders");
+    const std::string value = "a\tb\r\n\"<あ>&'";
+    project->SetAttribute("Note 1", value);
+    EXPECT_EQ(OpenRepository().FindObject("PROJECT", "Orders")->Attribute("Note 1"), Value(value));
+
+    project->BeginChange();
+    project->SetAttribute("Note 1", "");
+    EXPECT_EQ(project->Attribute("Note 1"), Value(""));
+    EXPECT_EQ(OpenRepository().FindObject("PROJECT", "Orders")->Attribute("Note 1"), Value(value));
+    project->EndChange();
+    EXPECT_EQ(OpenRepository().FindObject("PROJECT", "Orders")->Attribute("Note 1"), Value(""));
+    EXPECT_EQ(KindThrown([&] { project->EndChange(); }), ErrorKind::Host);
+}
+
+TEST_F(Repository, ARefusedChangeChangesNothing) {
+    auto repository = OpenRepository();
+    const auto project = repository.FindObject("PROJECT", "Orders");
+    const auto before = FileText();
+    project->BeginChange();
+    project->SetAttribute("Good", "x");
+    project->SetAttribute("Bad", std::string("a\0b", 3));
+    EXPECT_EQ(KindThrown([&] { project->EndChange(); }), ErrorKind::Xml);
+    EXPECT_EQ(FileText(), before);
+    EXPECT_TRUE(repository.FindObject("PROJECT", "Orders")->Attribute("Good").IsNull());
+}
+
+TEST_F(Repository, ObjectsAreFoundByTheirPresentName) {
+    auto repository = OpenRepository();
+    const auto first = Make(repository, "TABLE", "A");
+    const auto second = Make(repository, "TABLE", "A");
+    EXPECT_EQ(repository.FindObject("TABLE", "A")->Identifier(), first->Identifier());
+    first->SetAttribute("Name", "B");
+    EXPECT_EQ(repository.FindObject("TABLE", "A")->Identifier(), second->Identifier());
+    EXPECT_EQ(repository.FindObject("TABLE", "B")->Identifier(), first->Identifier());
+    for (const auto& [type, name] : {std::pair("TABLE", "a"), {"TABL", "EA"}, {"VIEW", "A"}, {"TABLE", ""}}) {
+        EXPECT_EQ(KindThrown([&] { (void)repository.FindObject(type, name); }), ErrorKind::Host)
+            << type << name;
+    }
+}
+
+TEST_F(Repository, RelationsKeepTheirOrderAndDirection) {
+    auto repository = OpenRepository();
+    const auto project = repository.FindObject("PROJECT", "Orders");
+    const auto a = Make(repository, "TABLE", "A");
+    const auto b = Make(repository, "TABLE", "B");
+    project->AddRelation("Includes", *b);
+    project->AddRelation("Includes", *a);
+    project->AddRelation("Includes", *b);
+    project->AddRelation("Reads", *a);
+
+    auto again = OpenRepository();
+    const auto related = again.FindObject("PROJECT", "Orders")->Related("Includes");
+    ASSERT_EQ(related.size(), 2U);
+    EXPECT_EQ(related[0]->Identifier(), b->Identifier());
+    EXPECT_EQ(related[1]->Identifier(), a->Identifier());
+    EXPECT_TRUE(again.ObjectById(a->Identifier())->Related("Includes").empty());
+    EXPECT_TRUE(project->Related("includes").empty());
+}
+
+TEST_F(Repository, IdentifiersAreNeverUsedAgain) {
+    auto repository = OpenRepository();
+    const auto dropped = repository.NewObject("TABLE", "A")->Identifier();
+    EXPECT_NE(OpenRepository().NewObject("TABLE", "A")->Identifier(), dropped);
+
+    Write(FilePath(),
+          "<workspace next='7'><objects><object id='O7' type='T'/><object id='x' type='T'/></objects>"
+          "</workspace>");
+    EXPECT_EQ(OpenRepository().NewObject("TABLE", "A")->Identifier(), "O8");
+    EXPECT_EQ(OpenRepository().NewObject("TABLE", "A")->Identifier(), "O9");
+}
+
+TEST_F(Repository, UnknownElementsAndCommentsSurvive) {
+    Write(FilePath(),
+          "<?xml version=\"1.0\"?>\n<!-- ours -->\n<workspace next=\"3\" theme=\"dark\">\n  "
+          "<tools><tool/></tools>\n"
+          "  <objects>\n    <!-- the project -->\n    <object id=\"O1\" type=\"PROJECT\" color=\"red\">\n"
+          "      <attribute name=\"Name\" value=\"Orders\" since=\"2020\"/>\n      <note>text</note>\n    "
+          "</object>\n"
+          "    <folder name=\"x\"/>\n  </objects>\n</workspace>\n");
+    auto repository = OpenRepository();
+    const auto object = Make(repository, "TABLE", "A");
+    repository.FindObject("PROJECT", "Orders")->AddRelation("Includes", *object);
+    repository.FindObject("PROJECT", "Orders")->SetAttribute("Name", "Stock");
+    const auto text = FileText();
+    for (const auto* kept :
+         {"<!-- ours -->", "theme=\"dark\"", "<tool />", "<!-- the project -->", "color=\"red\"",
+          "since=\"2020\"", "<note>text</note>", "<folder name=\"x\" />", "value=\"Stock\""}) {
+        EXPECT_NE(text.find(kept), std::string::npos) << kept << " in " << text;
+    }
+}
+
+}  // namespace
+}  // namespace tessel::workbench

@@ -1,0 +1,83 @@
+#include "workbench/stand_alone_frontend.h"
+
+#include <gtest/gtest.h>
+
+#include "workbench/source_text.h"
+#include "workbench/workspace_fixture.h"
+
+namespace tessel::workbench {
+namespace {
+
+class Frontend : public WorkspaceFixture {
+  protected:
+    StandAloneFrontend frontend_{Open(), "Orders", "/share/tessel"};
+};
+
+TEST_F(Frontend, GivesItsNames) {
+    const std::pair<int, std::string> names[] = {{2, "/share/tessel"}, {3, "/share/tessel"},
+                                                 {4, folder_.At("w")}, {6, "w"},
+                                                 {7, "Orders"},        {13, "/share/tessel"}};
+    for (const auto& [item, name] : names) EXPECT_EQ(frontend_.GetCorvaneName(item), name) << item;
+    for (const int item : {0, 1, 5, 14}) {
+        EXPECT_EQ(KindThrown([&] { (void)frontend_.GetCorvaneName(item); }), ErrorKind::Host) << item;
+    }
+}
+
+TEST_F(Frontend, OptionsHoldTheEncodingOfTheObjectComputer) {
+    const auto option =
+        frontend_.WorkspaceOptions().SelectSingleNode(".//LIST[@NAME='ObjectComputerEncoding']");
+    EXPECT_EQ(option.Attribute("VALUE"), "ASCII");
+    std::filesystem::remove(folder_.At("w/Options/workspace.xml"));
+    StandAloneFrontend without(Open(), "Orders", "");
+    EXPECT_EQ(KindThrown([&] { (void)without.WorkspaceOptions(); }), ErrorKind::File);
+}
+
+TEST_F(Frontend, KindIsAnAttributeOrTheType) {
+    const auto project = frontend_.ProjectObject();
+    EXPECT_EQ(frontend_.ObjectKind(*project), "PROJECT");
+    project->SetAttribute("Kind", "DATAPORT");
+    EXPECT_EQ(frontend_.ObjectKind(*project), "DATAPORT");
+    project->SetAttribute("Kind", "");
+    EXPECT_EQ(frontend_.ObjectKind(*project), "PROJECT");
+}
+
+TEST_F(Frontend, LoadsSourceTexts) {
+    Write(folder_.At("w/Projects/a.cbl"), "MOVE A TO B.");
+    const auto project = frontend_.ProjectObject();
+    const auto source = frontend_.LoadSource(folder_.At("w") + "\\Projects\\a.cbl", *project);
+    EXPECT_EQ(dynamic_cast<SourceText&>(*source).Text(), "MOVE A TO B.");
+    source->Close();
+    EXPECT_EQ(dynamic_cast<SourceText&>(*source).Text(), "");
+    EXPECT_EQ(KindThrown([&] { (void)frontend_.LoadSource(folder_.At("none"), *project); }), ErrorKind::File);
+}
+
+Value CallOn(const Value& target, std::string_view member, CallKind kind, Arguments arguments = {}) {
+    return (*target.As<std::shared_ptr<Object>>())->Call(member, kind, arguments);
+}
+
+TEST_F(Frontend, AnswersCallsByName) {
+    Arguments none;
+    Arguments item{Value(std::int32_t{7})};
+    EXPECT_EQ(frontend_.Call("getcorvanename", CallKind::Method, item), Value("Orders"));
+    const auto project = frontend_.Call("ProjectObject", CallKind::Get, none);
+    const auto repository = frontend_.Call("Repository", CallKind::Get, none);
+
+    const auto schema = CallOn(repository, "NewObject", CallKind::Method, {"DBSCHEMA", "Orders"});
+    CallOn(schema, "BeginChange", CallKind::Method);
+    CallOn(schema, "SetAttribute", CallKind::Method, {"Source", "x"});
+    CallOn(schema, "EndChange", CallKind::Method);
+    CallOn(project, "AddRelation", CallKind::Method, {"IncludesDBSchema", schema});
+
+    const auto identifier = CallOn(schema, "Identifier", CallKind::Get);
+    const auto found = CallOn(repository, "FindObject", CallKind::Method, {"DBSCHEMA", "Orders"});
+    EXPECT_EQ(CallOn(found, "Identifier", CallKind::Get), identifier);
+    const auto same = CallOn(repository, "Object", CallKind::Method, {identifier});
+    EXPECT_EQ(CallOn(same, "TypeName", CallKind::Get), Value("DBSCHEMA"));
+    EXPECT_EQ(CallOn(same, "Attribute", CallKind::Method, {"Source"}), Value("x"));
+    const auto related = CallOn(project, "Related", CallKind::Method, {"IncludesDBSchema"});
+    EXPECT_TRUE((*related.As<std::shared_ptr<Collection>>())->HasKey(*identifier.As<std::string>()));
+    EXPECT_EQ(KindThrown([&] { CallOn(project, "Delete", CallKind::Method); }), ErrorKind::Member);
+}
+
+}  // namespace
+}  // namespace tessel::workbench
