@@ -4,15 +4,12 @@
 #include <cstdio>
 #include <iostream>
 
+#include "cli/headless_session.h"
 #include "cli/serve_calls.h"
-#include "cli/session.h"
-#include "engine/headless_window.h"
-#include "engine/tessel_engine.h"
 #include "ui/main/open_window.h"
 
 namespace {
 
-constexpr int failure = 2;
 constexpr const char* defaultProject = "Main";
 
 int OpenCommand(const tessel::SessionOptions& options, const tessel::OpenOptions& window) {
@@ -27,19 +24,9 @@ int NewCommand(const std::string& folder, const std::string& project) {
 }
 
 int CallCommand(const tessel::SessionOptions& options) {
-    const auto session = tessel::OpenSession(options);
-    const auto questions = std::make_shared<tessel::QueuedQuestions>();
-    session->state.questions = questions;
-    session->state.loadMainWindow = tessel::LoadHeadlessWindow;
-    if (tessel::TesselEngine(session->state).Run(session->frontend, tessel::Missing{}, tessel::Missing{}) !=
-        0) {
-        for (const auto& asked : questions->TakeAsked())
-            fmt::print(stderr, "tessel: {}\n{}{}", asked.text, asked.detail,
-                       asked.detail.empty() ? "" : "\n");
-        return failure;
-    }
+    const auto headless = tessel::OpenHeadless(options);
     std::ios::sync_with_stdio(false);
-    tessel::ServeCalls(*WorkspaceOf(session->state), *questions, std::cin, std::cout);
+    tessel::ServeCalls(*WorkspaceOf(headless.State()), *headless.questions, std::cin, std::cout);
     return 0;
 }
 
@@ -57,6 +44,7 @@ int main(int argc, char** argv) {
     app.require_subcommand(0, 1);
     app.fallthrough();
 
+    int exitCode = 0;
     tessel::OpenOptions window;
     auto* open = app.add_subcommand("open", "Open the editor's window (the default)");
     open->add_option("--picture", window.picture,
@@ -65,18 +53,22 @@ int main(int argc, char** argv) {
     std::string folder;
     auto* make = app.add_subcommand("new", "Make a workspace with one project");
     make->add_option("dir", folder, "The folder to make it in, new or empty")->required();
+    make->final_callback([&] { exitCode = NewCommand(folder, session.project.value_or(defaultProject)); });
 
     auto* call = app.add_subcommand("call", "Call members of the workspace: JSON lines in, JSON lines out");
+    call->final_callback([&] { exitCode = CallCommand(session); });
+
+    app.final_callback([&] {
+        if (app.get_subcommands().empty() || *open) exitCode = OpenCommand(session, window);
+    });
 
     try {
         app.parse(argc, argv);
-        if (*make) return NewCommand(folder, session.project.value_or(defaultProject));
-        if (*call) return CallCommand(session);
-        return OpenCommand(session, window);
+        return exitCode;
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : failure;
+        return app.exit(error) == 0 ? 0 : tessel::failureCode;
     } catch (const std::exception& error) {
         fmt::print(stderr, "tessel: {}\n", error.what());
-        return failure;
+        return tessel::failureCode;
     }
 }

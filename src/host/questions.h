@@ -11,18 +11,18 @@ enum class Buttons { OK, OKCancel, YesNo };
 enum class Answer { OK, Cancel, Yes, No };
 
 struct MessageBox {
-    std::string text;
-    std::string title;
+    std::string text{};
+    std::string title{};
     Icon icon = Icon::None;
     Buttons buttons = Buttons::OK;
     std::string detail{};  // why, in a sentence of its own below the text; may be empty
 };
 
 struct InputBox {
-    std::string prompt;
-    std::string title;
-    std::string text;  // what the field holds at first
-    std::string helpFile;
+    std::string prompt{};
+    std::string title{};
+    std::string text{};  // what the field holds at first
+    std::string helpFile{};
     int helpContext = 0;
 };
 

@@ -100,7 +100,8 @@ TEST_F(ColumnOperations, ImportsAtTheEndWithTheCrossedNumbers) {
 
 TEST_F(ColumnOperations, AnImportThatTheDatabaseRefusesAnswersByHowFarItCame) {
     AddTable("T");
-    RunRawSql(state.databaseFilename, "create trigger NoColumns before insert on Columns begin select raise(abort, 'no'); end");
+    RunRawSql(state.databaseFilename,
+              "create trigger NoColumns before insert on Columns begin select raise(abort, 'no'); end");
     std::string name;
     EXPECT_GT(Ws().ColumnImport(1, "A", 4, 0, 0, date, Null{}, Null{}, name), 0);
     EXPECT_EQ(Rows("select * from Columns"), Strings{});
@@ -145,7 +146,8 @@ TEST_F(ColumnOperations, DropsAColumnFromItsIndexesAndBothSidesOfKeys) {
     EXPECT_EQ(Rows("select ColumnID, RefColumnID from ForeignKeyColumns"), Strings{"2|2"});
     EXPECT_EQ(Order(), "B2 ");
     EXPECT_FALSE(IsMarked());
-    RunRawSql(state.databaseFilename, "create trigger NoDrop before delete on Columns begin select raise(abort, 'no'); end");
+    RunRawSql(state.databaseFilename,
+              "create trigger NoDrop before delete on Columns begin select raise(abort, 'no'); end");
     EXPECT_FALSE(Ws().ColumnDrop(b));
     EXPECT_EQ(Rows("select ColumnID from ForeignKeyColumns"), Strings{"2"});
 }
@@ -168,7 +170,7 @@ TEST_F(ColumnOperations, UpdatesWhatIsGiven) {
         {none, none, -1, 4, none, none, "", true, "A2|3|10|4|1|-|"},
         {none, none, "12", none, 0, "x", none, true, "A2|3|12|4|0|x|"},
         {none, 12, none, 3, none, none, none, true, "A2|12|12|0|0|x|"},  // takes no scale, whatever is passed
-        {none, 4, 99, 99, none, none, none, true, "A2|4|0|99|0|x|"},  // takes no precision
+        {none, 4, 99, 99, none, none, none, true, "A2|4|0|99|0|x|"},     // takes no precision
         {none, 999, 5, 5, none, none, none, true, "A2|999|0|0|0|x|"},    // unknown: no limits
         {none, none, 32768, none, none, "lost", none, false, "A2|999|0|0|0|x|"},
         {none, none, none, "x", none, "lost", none, false, "A2|999|0|0|0|x|"},

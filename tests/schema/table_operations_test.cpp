@@ -124,7 +124,8 @@ TEST_F(TableOperations, UndoesADropThatFailsHalfway) {
     const std::int32_t id = AddTable("A");
     AddColumn(id, "C");
     Mark();
-    RunRawSql(state.databaseFilename, "create trigger NoDrop before delete on Tables begin select raise(abort, 'no'); end");
+    RunRawSql(state.databaseFilename,
+              "create trigger NoDrop before delete on Tables begin select raise(abort, 'no'); end");
     EXPECT_THROW((void)Ws().TableDrop(id), db::DatabaseError);
     EXPECT_EQ(Rows("select ColumnName from Columns"), Strings{"C"});
     EXPECT_TRUE(IsMarked());

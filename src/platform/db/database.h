@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -10,14 +11,16 @@
 
 namespace tessel::db {
 
-// An open schema database. Statements are written in the schema editor's own dialect (dialect.h says what it adds to
-// plain SQL). Every failure throws DatabaseError.
+// An open schema database. Statements are written in the schema editor's own dialect (dialect.h says what it
+// adds to plain SQL). Every failure throws DatabaseError.
 class Database {
   public:
-    // Opens an existing schema database for reading and writing; several processes may have it open. Refuses, each
-    // with its own ErrorKind and leaving the file alone, what is Missing, Empty, NotADatabase, Jet, Damaged, Foreign,
-    // Newer, ReadOnly or Busy.
-    [[nodiscard]] static std::shared_ptr<Database> Open(const std::string& path);
+    // Opens an existing schema database for reading and writing; several processes may have it open. Refuses,
+    // each with its own ErrorKind and leaving the file alone, what is Missing, Empty, NotADatabase, Jet,
+    // Damaged, Foreign, Newer, ReadOnly or Busy. Everything that finds the file busy waits `busyWait` before
+    // it throws.
+    [[nodiscard]] static std::shared_ptr<Database> Open(
+        const std::string& path, std::chrono::milliseconds busyWait = std::chrono::seconds(5));
 
     ~Database();
     Database(const Database&) = delete;
@@ -32,7 +35,7 @@ class Database {
     // Runs one query and copies its rows, so that the tables may change while they are read.
     [[nodiscard]] Query Select(std::string_view sql);
 
-    // A record set on the table (name in any letter case).
+    // A record set on the table (name in any letter case). It must not outlive the database.
     [[nodiscard]] TableSet OpenTable(std::string_view table);
 
     // Forgets what was read before, so that changes by other processes show at the next read.
@@ -46,8 +49,8 @@ class Database {
     std::unique_ptr<Engine> engine_;
 };
 
-// All changes between construction and Commit are kept together or not at all. A transaction inside another one keeps
-// or undoes its own part.
+// All changes between construction and Commit are kept together or not at all. A transaction inside another
+// one keeps or undoes its own part.
 class Transaction {
   public:
     explicit Transaction(Database& database);  // waits for a busy file, then throws ErrorKind::Busy
@@ -58,6 +61,8 @@ class Transaction {
     void Commit();  // a failure throws, and everything is undone
 
   private:
+    void Undo() noexcept;
+
     Database::Engine& engine_;
     int depth_;  // 0 for the outermost
     bool open_ = true;

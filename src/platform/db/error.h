@@ -6,7 +6,8 @@
 
 namespace tessel::db {
 
-// A failure of the database. Sql() is the statement that was run, as the caller wrote it; empty when there was none.
+// A failure of the database. Sql() is the statement that was run, as the caller wrote it; empty when there
+// was none.
 class DatabaseError : public Error {
   public:
     DatabaseError(ErrorKind kind, const std::string& message, std::string sql = {})

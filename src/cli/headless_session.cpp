@@ -1,0 +1,32 @@
+#include "cli/headless_session.h"
+
+#include "engine/headless_window.h"
+#include "engine/tessel_engine.h"
+
+namespace tessel {
+
+namespace {
+
+std::string AllAsked(QueuedQuestions& questions) {
+    std::string text;
+    for (const auto& asked : questions.TakeAsked()) {
+        if (!text.empty()) text += '\n';
+        text += asked.text;
+        if (!asked.detail.empty()) text += '\n' + asked.detail;
+    }
+    return text;
+}
+
+}  // namespace
+
+HeadlessSession OpenHeadless(const SessionOptions& options) {
+    HeadlessSession headless{OpenSession(options), std::make_shared<QueuedQuestions>()};
+    headless.State().questions = headless.questions;
+    headless.State().loadMainWindow = LoadHeadlessWindow;
+    TesselEngine engine(headless.State());
+    if (engine.Run(headless.session->frontend, Missing{}, Missing{}) != 0)
+        throw Error(ErrorKind::Host, AllAsked(*headless.questions));
+    return headless;
+}
+
+}  // namespace tessel

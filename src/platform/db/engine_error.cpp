@@ -1,0 +1,57 @@
+#include "platform/db/engine_error.h"
+
+#include <sqlite3.h>
+
+#include <array>
+#include <utility>
+
+namespace tessel::db {
+namespace {
+
+constexpr std::array<std::pair<int, ErrorKind>, 10> kKinds{{
+    {SQLITE_BUSY, ErrorKind::Busy},
+    {SQLITE_LOCKED, ErrorKind::Busy},
+    {SQLITE_CONSTRAINT, ErrorKind::Constraint},
+    {SQLITE_CORRUPT, ErrorKind::Damaged},
+    {SQLITE_NOTADB, ErrorKind::NotADatabase},
+    {SQLITE_READONLY, ErrorKind::ReadOnly},
+    {SQLITE_PERM, ErrorKind::ReadOnly},
+    {SQLITE_FULL, ErrorKind::Full},
+    {SQLITE_IOERR, ErrorKind::Io},
+    {SQLITE_CANTOPEN, ErrorKind::ReadOnly},
+}};
+
+constexpr std::array<std::pair<ErrorKind, std::string_view>, 5> kAdvice{{
+    {ErrorKind::Busy, "another program is using it, so try again when that program is done"},
+    {ErrorKind::Damaged, "restore it from a backup"},
+    {ErrorKind::ReadOnly, "make the file and its folder writable"},
+    {ErrorKind::Full, "make room on the device and try again"},
+    {ErrorKind::Io, "check the device that holds it"},
+}};
+
+}  // namespace
+
+ErrorKind KindOfCode(int code) {
+    constexpr int primaryCode = 0xff;
+    for (const auto& [value, kind] : kKinds)
+        if (value == (code & primaryCode)) return kind;
+    return ErrorKind::Sql;
+}
+
+std::string_view AdviceFor(ErrorKind kind) {
+    for (const auto& [value, advice] : kAdvice)
+        if (value == kind) return advice;
+    return {};
+}
+
+void ThrowLastError(sqlite3* connection, std::string_view sql) {
+    const ErrorKind kind = KindOfCode(sqlite3_extended_errcode(connection));
+    const std::string_view advice = AdviceFor(kind);
+    const char* const path = sqlite3_db_filename(connection, "main");
+    std::string message = "The database \"" + std::string(path ? path : "") + "\" failed with: ";
+    message += sqlite3_errmsg(connection);
+    if (!advice.empty()) message.append("; ").append(advice);
+    throw DatabaseError(kind, message + ".", std::string(sql));
+}
+
+}  // namespace tessel::db

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string_view>
+
+#include "platform/db/error.h"
+
+struct sqlite3;
+
+namespace tessel::db {
+
+// The kind of failure that a result code of the engine stands for.
+[[nodiscard]] ErrorKind KindOfCode(int code);
+
+// What a person can do about a failure of this kind; empty where the message says it all.
+[[nodiscard]] std::string_view AdviceFor(ErrorKind kind);
+
+// Throws the connection's last failure. `sql` is the statement as its caller wrote it.
+[[noreturn]] void ThrowLastError(sqlite3* connection, std::string_view sql);
+
+}  // namespace tessel::db

@@ -1,0 +1,78 @@
+#include "platform/db/temporary_database.h"
+
+namespace tessel::db {
+namespace {
+
+using DatabaseTest = TemporaryDatabase;
+
+TEST_F(DatabaseTest, RowsAreCopiedWhenTheQueryOpens) {
+    const auto database = Open();
+    Query query = database->Select("select TypeID, SourceTypeName from SQLTypes order by TypeID");
+    EXPECT_EQ(database->Execute("delete from SQLTypes"), 19);
+    EXPECT_EQ(database->RowsTouched(), 19);
+    EXPECT_EQ(KindThrown([&] { static_cast<void>(query["TypeID"]); }), ErrorKind::Sql);
+    int rows = 0;
+    while (query.Next()) EXPECT_EQ(query.Integer("typeid"), ++rows);
+    EXPECT_EQ(rows, 19);
+    EXPECT_FALSE(query.Next());
+    EXPECT_EQ(KindThrown([&] { static_cast<void>(query["TypeID"]); }), ErrorKind::Sql);
+}
+
+TEST_F(DatabaseTest, FieldsByName) {
+    const auto database = Open();
+    Query query = database->Select(
+        "select a.TypeID, b.TypeID, a.MaxScale, 2147483648 as Large, 1.5 as Part, '7' as Digits, -1 as Yes "
+        "from SQLTypes a, SQLTypes b where a.TypeID=1 and b.TypeID=2");
+    ASSERT_TRUE(query.Next());
+    EXPECT_EQ(query["TYPEID"], Value(1)) << "the first of equal names";
+    EXPECT_EQ(query["Large"], Value(2147483648.0));
+    EXPECT_EQ(query["Part"], Value(1.5));
+    EXPECT_TRUE(query["MaxScale"].IsNull());
+    EXPECT_EQ(query.Integer("MaxScale"), 0);
+    EXPECT_EQ(query.Text("MaxScale"), "");
+    EXPECT_FALSE(query.Boolean("MaxScale"));
+    EXPECT_EQ(query.Integer("Digits"), 7);
+    EXPECT_TRUE(query.Boolean("Yes"));
+    EXPECT_EQ(KindThrown([&] { static_cast<void>(query["Nothing"]); }), ErrorKind::Sql);
+}
+
+TEST_F(DatabaseTest, ErrorsTellTheStatementAsItWasWritten) {
+    const auto database = Open();
+    const std::string duplicate = "insert into Tables (TableName) values ('A' & 'b')";
+    database->Execute(duplicate);
+    try {
+        database->Execute(duplicate);
+        ADD_FAILURE();
+    } catch (const DatabaseError& error) {
+        EXPECT_EQ(error.Kind(), ErrorKind::Constraint);
+        EXPECT_EQ(error.Sql(), duplicate);
+        EXPECT_NE(std::string(error.what()).find("Tables.TableName"), std::string::npos) << error.what();
+    }
+    const std::vector<std::pair<std::string, ErrorKind>> failures{
+        {"delete from Nothing", ErrorKind::Sql},
+        {"delete from Tables where \"Misspelt\" = 1", ErrorKind::Sql},
+        {"select TabID from Tables", ErrorKind::Sql},
+        {"update Indices set Unique = 5", ErrorKind::Constraint},
+        {"insert into Columns (TabID,ColumnName,Position,TypeID) values (1,'x','first',1)",
+         ErrorKind::Constraint},
+    };
+    database->Execute("insert into Indices (TabID,IndexName) values (1,'i')");
+    for (const auto& [sql, kind] : failures)
+        EXPECT_EQ(KindName(KindThrown([&] { database->Execute(sql); })), KindName(kind)) << sql;
+    EXPECT_EQ(KindThrown([&] { static_cast<void>(database->Select("delete from Tables returning TabID")); }),
+              ErrorKind::Sql);
+    EXPECT_EQ(Count(*database, "Tables"), 1);
+}
+
+TEST_F(DatabaseTest, ChangesOfAnotherProcessShow) {
+    const auto database = Open();
+    EXPECT_EQ(database->OpenTable("Errors").FieldSize("Message"), 0);
+    Prepare(path_,
+            "alter table Errors rename column Message to Finding; insert into Errors values (1,2,3,'x')");
+    EXPECT_EQ(Count(*database, "Errors"), 1);
+    database->RefreshCache();
+    EXPECT_EQ(database->OpenTable("errors").FieldSize("Finding"), 0);
+}
+
+}  // namespace
+}  // namespace tessel::db

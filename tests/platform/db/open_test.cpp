@@ -1,0 +1,117 @@
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <functional>
+
+#include "platform/db/temporary_database.h"
+
+namespace tessel::db {
+namespace {
+
+using std::filesystem::path;
+
+void Write(const path& file, const std::string& content) { std::ofstream(file, std::ios::binary) << content; }
+
+class OpenTest : public TemporaryDatabase {
+  protected:
+    // What of the folder a refusal must leave as it was.
+    std::string FolderContent() const {
+        std::string content;
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_))
+            content += entry.path().string() + "\n" + (entry.is_regular_file() ? Content(entry.path()) : "");
+        return content;
+    }
+};
+
+TEST_F(OpenTest, Refusals) {
+    struct Case {
+        ErrorKind kind;
+        std::function<void(const path& file)> make;  // the file begins as a copy of the template
+    };
+    const std::string good = Content(path_);
+    const std::vector<Case> cases{
+        {ErrorKind::Missing, [](const path& file) { std::filesystem::remove(file); }},
+        {ErrorKind::Empty, [](const path& file) { Write(file, ""); }},
+        {ErrorKind::Jet,
+         [](const path& file) { Write(file, std::string("\0\1\0\0Standard Jet DB\0xyz", 23)); }},
+        {ErrorKind::NotADatabase, [](const path& file) { Write(file, "a letter to a friend"); }},
+        {ErrorKind::NotADatabase,
+         [](const path& file) {
+             std::filesystem::remove(file);
+             std::filesystem::create_directory(file);
+         }},
+        {ErrorKind::Damaged, [&](const path& file) { Write(file, good.substr(0, 50)); }},
+        {ErrorKind::Damaged, [&](const path& file) { Write(file, good.substr(0, good.size() / 2)); }},
+        {ErrorKind::Damaged,
+         [&](const path& file) { Write(file, std::string(good).replace(4096 * 2, 4096, 4096, 'x')); }},
+        {ErrorKind::Foreign, [](const path& file) { Prepare(file, "pragma application_id=7"); }},
+        {ErrorKind::Foreign,
+         [](const path& file) {
+             std::filesystem::remove(file);
+             Prepare(file, "pragma journal_mode=wal; create table Tables (x)");
+         }},
+        {ErrorKind::Foreign, [](const path& file) { Prepare(file, "drop table Errors"); }},
+        {ErrorKind::Newer,
+         [](const path& file) { Prepare(file, "pragma user_version=2; drop table Errors"); }},
+    };
+    for (const Case& refused : cases) {
+        std::filesystem::remove_all(path_);
+        Write(path_, good);
+        refused.make(path_);
+        const std::string before = FolderContent();
+        try {
+            static_cast<void>(Open());
+            ADD_FAILURE() << KindName(refused.kind) << " was opened";
+        } catch (const DatabaseError& error) {
+            EXPECT_EQ(KindName(error.Kind()), KindName(refused.kind)) << error.what();
+            EXPECT_NE(std::string(error.what()).find(path_.string()), std::string::npos) << error.what();
+        }
+        EXPECT_EQ(FolderContent(), before) << KindName(refused.kind);
+    }
+}
+
+TEST_F(OpenTest, BusyWhileAnotherWrites) {
+    const auto first = Open();
+    const Transaction writing(*first);
+    EXPECT_EQ(KindThrown([&] { static_cast<void>(Open()); }), ErrorKind::Busy);
+}
+
+// Permissions bind the superuser only in another user's clothes.
+TEST_F(OpenTest, ReadOnlyFileOrFolder) {
+    using std::filesystem::perms;
+    const auto all = perms::all;
+    const auto reading = perms::owner_read | perms::owner_exec | perms::group_read | perms::group_exec |
+                         perms::others_read | perms::others_exec;
+    for (const auto& [folder, file] : {std::pair{reading, all}, std::pair{all, reading}}) {
+        std::filesystem::permissions(folder_, folder);
+        std::filesystem::permissions(path_, file);
+        const pid_t child = fork();
+        if (child == 0) {
+            if (geteuid() == 0 && setuid(65534) != 0) _exit(99);
+            try {
+                static_cast<void>(Open());
+            } catch (const DatabaseError& error) {
+                _exit(error.Kind() == ErrorKind::ReadOnly ? 0 : 2);
+            }
+            _exit(1);
+        }
+        int status = 0;
+        ASSERT_EQ(waitpid(child, &status, 0), child);
+        EXPECT_EQ(status, 0);
+        std::filesystem::permissions(folder_, all);
+    }
+}
+
+TEST_F(OpenTest, LeavesOneFileBehind) {
+    {
+        const auto database = Open();
+        EXPECT_EQ(database->Path(), path_.string());
+        database->Execute("insert into ProjectSettings(PropName,PropValue) values('a','b')");
+    }
+    const auto entries = std::filesystem::directory_iterator(folder_);
+    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
+    EXPECT_EQ(Count(*Open(), "ProjectSettings"), 1);
+}
+
+}  // namespace
+}  // namespace tessel::db

@@ -1,0 +1,67 @@
+#pragma once
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <sstream>
+#include <string>
+
+#include "platform/db/database.h"
+
+namespace tessel::db {
+
+// A fresh folder with a copy of the template, taken away with the test.
+class TemporaryDatabase : public testing::Test {
+  protected:
+    TemporaryDatabase() {
+        std::string name = (std::filesystem::temp_directory_path() / "tessel-db-XXXXXX").string();
+        folder_ = mkdtemp(name.data());
+        path_ = folder_ / "DBSchema.mdb";
+        std::filesystem::copy_file(TESSEL_SHARE "/DBSchema.mdb", path_);
+    }
+    ~TemporaryDatabase() override {
+        std::error_code error;
+        std::filesystem::remove_all(folder_, error);
+    }
+
+    [[nodiscard]] std::shared_ptr<Database> Open() const {
+        return Database::Open(path_.string(), std::chrono::milliseconds(20));
+    }
+
+    // Runs SQL of any kind on a file, which is made where it is not there.
+    static void Prepare(const std::filesystem::path& file, const std::string& sql) {
+        ASSERT_EQ(std::system(("sqlite3 '" + file.string() + "' \"" + sql + "\" > /dev/null").c_str()), 0);
+    }
+
+    static std::string Content(const std::filesystem::path& file) {
+        std::ostringstream text;
+        text << std::ifstream(file, std::ios::binary).rdbuf();
+        return text.str();
+    }
+
+    std::filesystem::path folder_;
+    std::filesystem::path path_;
+};
+
+// The kind of error that the call throws; nothing thrown fails the test.
+template <typename Call>
+ErrorKind KindThrown(Call&& call) {
+    try {
+        call();
+    } catch (const Error& error) {
+        return error.Kind();
+    }
+    ADD_FAILURE() << "nothing was thrown";
+    return ErrorKind::Argument;
+}
+
+inline std::int32_t Count(Database& database, const std::string& table) {
+    Query query = database.Select("select count(*) as N from " + table);
+    query.Next();
+    return query.Integer("N");
+}
+
+}  // namespace tessel::db

@@ -1,0 +1,112 @@
+#include <signal.h>
+#include <sys/resource.h>
+
+#include <optional>
+
+#include "platform/db/temporary_database.h"
+
+namespace tessel::db {
+namespace {
+
+using TransactionTest = TemporaryDatabase;
+
+void Insert(Database& database, const std::string& name) {
+    database.Execute("insert into ProjectSettings(PropName,PropValue) values('" + name + "','')");
+}
+
+TEST_F(TransactionTest, KeepsOrUndoesEachLevel) {
+    struct Case {
+        bool outer, inner;  // whether it is committed
+        int rows;
+    };
+    for (const Case& test :
+         {Case{true, true, 3}, Case{true, false, 2}, Case{false, true, 0}, Case{false, false, 0}}) {
+        const auto database = Open();
+        database->Execute("delete from ProjectSettings");
+        {
+            Transaction outer(*database);
+            Insert(*database, "a");
+            {
+                Transaction inner(*database);
+                Insert(*database, "b");
+                if (test.inner) inner.Commit();
+            }
+            Insert(*database, "c");
+            if (test.outer) outer.Commit();
+        }
+        EXPECT_EQ(Count(*Open(), "ProjectSettings"), test.rows);
+    }
+}
+
+TEST_F(TransactionTest, BusyFileIsRefusedAndCanBeTriedAgain) {
+    const auto first = Open();
+    const auto second = Open();
+    std::optional<Transaction> writing(std::in_place, *first);
+    Insert(*first, "a");
+    EXPECT_EQ(Count(*second, "ProjectSettings"), 0);
+    EXPECT_EQ(KindThrown([&] { Transaction refused(*second); }), ErrorKind::Busy);
+    EXPECT_EQ(KindThrown([&] { Insert(*second, "b"); }), ErrorKind::Busy);
+    writing->Commit();
+    writing.reset();
+    Transaction again(*second);
+    Insert(*second, "b");
+    again.Commit();
+    EXPECT_EQ(Count(*first, "ProjectSettings"), 2);
+}
+
+// Lets no file of this process grow beyond `bytes`, as on a full device.
+class FullDevice {
+  public:
+    explicit FullDevice(rlim_t bytes) : signal_(signal(SIGXFSZ, SIG_IGN)) {
+        getrlimit(RLIMIT_FSIZE, &limit_);
+        const rlimit small{bytes, limit_.rlim_max};
+        setrlimit(RLIMIT_FSIZE, &small);
+    }
+    ~FullDevice() {
+        setrlimit(RLIMIT_FSIZE, &limit_);
+        signal(SIGXFSZ, signal_);
+    }
+    FullDevice(const FullDevice&) = delete;
+    FullDevice& operator=(const FullDevice&) = delete;
+
+  private:
+    rlimit limit_{};
+    sighandler_t signal_;
+};
+
+TEST_F(TransactionTest, LostInTheMiddleKeepsNothing) {
+    const auto database = Open();
+    {
+        Transaction outer(*database);
+        Insert(*database, "before");
+        {
+            const FullDevice full(500'000);
+            Transaction inner(*database);
+            EXPECT_THROW(Insert(*database, std::string(5'000'000, 'x')), DatabaseError);
+        }
+        EXPECT_THROW(Insert(*database, "after"), DatabaseError) << "it would be kept alone";
+        EXPECT_THROW(Transaction{*database}, DatabaseError);
+        EXPECT_THROW(outer.Commit(), DatabaseError);
+        EXPECT_EQ(Count(*database, "ProjectSettings"), 0);
+    }
+    Transaction next(*database);
+    Insert(*database, "next");
+    next.Commit();
+    EXPECT_EQ(Count(*Open(), "ProjectSettings"), 1);
+}
+
+TEST_F(TransactionTest, CommitThatFailsUndoesEverything) {
+    const auto database = Open();
+    Transaction transaction(*database);
+    Insert(*database, std::string(1'000'000, 'x'));
+    {
+        const FullDevice full(500'000);
+        EXPECT_THROW(transaction.Commit(), DatabaseError);
+    }
+    EXPECT_EQ(Count(*database, "ProjectSettings"), 0);
+    Insert(*database, "alone");
+    EXPECT_EQ(Count(*Open(), "ProjectSettings"), 1);
+}
+
+}  // namespace
+}  // namespace tessel::db
