@@ -10,10 +10,10 @@ namespace {
 
 TEST(ComponentServer, StartsTheEditorByNameAlone) {
     TemporaryFolder folder;
-    std::filesystem::create_directories(folder.Path() / "Projects" / "Demo");
+    std::filesystem::create_directories(folder / "Projects/Demo");
     ClassRegistry classes;
     classes.LoadComponent(TESSEL_COMPONENT_SERVER);
-    auto frontend = std::make_shared<FakeFrontend>(folder.Path().string(), TESSEL_SHARE);
+    auto frontend = std::make_shared<FakeFrontend>(folder.Path(), TESSEL_SHARE);
     Arguments start{std::shared_ptr<Object>(frontend), "", Null{}};
     EXPECT_EQ(classes.Create("tessel.tesselengine")->Call("Run", CallKind::Method, start), Value(0));
 

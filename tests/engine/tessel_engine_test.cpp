@@ -12,7 +12,7 @@ using Strings = std::vector<std::string>;
 class EngineStart : public testing::Test {
   protected:
     EngineStart() {
-        std::filesystem::create_directories(folder.Path() / "Projects" / "Demo");
+        std::filesystem::create_directories(folder / "Projects/Demo");
         state.texts = std::make_shared<text::Texts>(std::string(TESSEL_SHARE) + "/texts", "en");
         state.questions = questions;
     }
@@ -22,7 +22,7 @@ class EngineStart : public testing::Test {
     TemporaryFolder folder;
     std::string file = folder / "Projects/Demo/DBSCHEMA/Demo.mdb";
     std::shared_ptr<FakeFrontend> frontend =
-        std::make_shared<FakeFrontend>(folder.Path().string(), TESSEL_SHARE);
+        std::make_shared<FakeFrontend>(folder.Path(), TESSEL_SHARE);
     std::shared_ptr<StrictQuestions> questions = std::make_shared<StrictQuestions>();
     ComponentState state;
 };
@@ -33,8 +33,8 @@ TEST_F(EngineStart, MakesWhatIsMissingTheFirstTimeOnly) {
     EXPECT_EQ(SchemaObject().attributes["Source"], "Projects\\Demo\\DBSCHEMA\\Demo.mdb");
     EXPECT_EQ(SchemaObject().log, (Strings{"begin", "end Projects\\Demo\\DBSCHEMA\\Demo.mdb"}));
     EXPECT_EQ(frontend->project->log, Strings{"IncludesDBSchema o2"});
-    EXPECT_EQ(state.databaseFilename, folder.Path().string() + "\\Projects\\Demo\\DBSCHEMA\\Demo.mdb");
-    EXPECT_EQ(state.schemaFolder, folder.Path().string() + "\\Projects\\Demo\\DBSCHEMA");
+    EXPECT_EQ(state.databaseFilename, folder.Path() + "\\Projects\\Demo\\DBSCHEMA\\Demo.mdb");
+    EXPECT_EQ(state.schemaFolder, folder.Path() + "\\Projects\\Demo\\DBSCHEMA");
     EXPECT_EQ(state.restrictText + state.cascadeText, "RestrictCascade");
     EXPECT_EQ(state.sqlTypes.Names().size(), 19U);
     std::int32_t id = 0;
@@ -49,8 +49,8 @@ TEST_F(EngineStart, UsesTheSourceOfTheSchemaObject) {
     auto object = frontend->repository->Add("DBSCHEMA", "Demo");
     object->attributes["Source"] = "other.mdb";
     ASSERT_EQ(Start(), 0);
-    EXPECT_TRUE(std::filesystem::exists(folder.Path() / "other.mdb"));
-    EXPECT_EQ(state.schemaFolder, folder.Path().string() + "\\Projects\\Demo\\DBSCHEMA");
+    EXPECT_TRUE(std::filesystem::exists(folder / "other.mdb"));
+    EXPECT_EQ(state.schemaFolder, folder.Path() + "\\Projects\\Demo\\DBSCHEMA");
 }
 
 TEST_F(EngineStart, MakesADeletedDatabaseAnew) {
@@ -82,7 +82,7 @@ TEST_F(EngineStart, SaysThatADatabaseDoesNotOpenAndWhy) {
         {std::string("\0\1\0\0Standard Jet DB\0", 20) + std::string(4096, 'x'), "Jet"},
         {"this is a letter", "database"},
     };
-    std::filesystem::create_directories(folder.Path() / "Projects" / "Demo" / "DBSCHEMA");
+    std::filesystem::create_directories(folder / "Projects/Demo/DBSCHEMA");
     for (const auto& c : cases) {
         files::ReplaceFile(file, c.content);
         EXPECT_EQ(Start(), 1);

@@ -21,7 +21,7 @@ class OriginSources : public SchemaTest {
     }
     bool Locate(std::string identifier) { return LocateOriginSource(origin, *frontend, identifier); }
     std::string Id(std::size_t index) { return frontend->repository->objects.at(index)->Identifier(); }
-    std::string LoadOf(const char* file) { return "load " + folder.Path().string() + "\\" + file; }
+    std::string LoadOf(const char* file) { return "load " + folder.Path() + "\\" + file; }
 
     OriginSourceState origin;
     std::shared_ptr<FakeObject> port;
@@ -30,7 +30,7 @@ class OriginSources : public SchemaTest {
 TEST_F(OriginSources, LoadsOnceAndReleases) {
     EXPECT_TRUE(Locate(Id(1)));
     EXPECT_TRUE(Locate(Id(1)));
-    EXPECT_EQ(origin.path, folder.Path().string() + "\\a.txt");
+    EXPECT_EQ(origin.path, folder.Path() + "\\a.txt");
     EXPECT_FALSE(Locate(Id(2)));  // does not load: the earlier source has gone
     EXPECT_EQ(origin.path, "");
     EXPECT_FALSE(Locate(Id(2)));

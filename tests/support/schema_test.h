@@ -144,7 +144,7 @@ class SchemaTest : public testing::Test {
     const DateTime date = *ParseIso("2026-01-31T10:00:00");
     TemporaryFolder folder;
     std::shared_ptr<FakeFrontend> frontend =
-        std::make_shared<FakeFrontend>(folder.Path().string(), TESSEL_SHARE);
+        std::make_shared<FakeFrontend>(folder.Path(), TESSEL_SHARE);
     std::shared_ptr<StrictQuestions> questions = std::make_shared<StrictQuestions>();
     std::shared_ptr<RecordingWindow> window = std::make_shared<RecordingWindow>();
     ComponentState state;

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/files/temporary_folder.h"
+#include "support/temporary_folder.h"
 #include "tessel/error.h"
 
 namespace tessel::workbench {
@@ -10,7 +10,7 @@ namespace {
 
 TEST(FileLock, KeepsOthersOutWhileItLives) {
     const TemporaryFolder folder;
-    const auto path = folder.At("lock");
+    const auto path = (folder / "lock");
     {
         const FileLock lock(path);
         try {
@@ -21,7 +21,7 @@ TEST(FileLock, KeepsOthersOutWhileItLives) {
         }
     }
     EXPECT_NO_THROW(FileLock(path, std::chrono::milliseconds(0)));
-    EXPECT_THROW(FileLock(folder.At("none/lock")), Error);
+    EXPECT_THROW(FileLock((folder / "none/lock")), Error);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 #include <set>
 
-#include "platform/files/child_process.h"
+#include "support/child_process.h"
 #include "workbench/workspace_fixture.h"
 
 namespace tessel::workbench {
@@ -82,7 +82,7 @@ TEST_F(SharedWorkspace, AFullDiskLeavesFileAndMemoryAsTheyWere) {
     }));
     EXPECT_EQ(FileText(), before);
     std::size_t left = 0;
-    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator(folder_.At("w"))) ++left;
+    for ([[maybe_unused]] const auto& entry : std::filesystem::directory_iterator((folder_ / "w"))) ++left;
     EXPECT_EQ(left, 5U);  // workspace.xml, its lock and three folders
 }
 

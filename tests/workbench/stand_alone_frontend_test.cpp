@@ -15,7 +15,7 @@ class Frontend : public WorkspaceFixture {
 
 TEST_F(Frontend, GivesItsNames) {
     const std::pair<int, std::string> names[] = {{2, "/share/tessel"}, {3, "/share/tessel"},
-                                                 {4, folder_.At("w")}, {6, "w"},
+                                                 {4, (folder_ / "w")}, {6, "w"},
                                                  {7, "Orders"},        {13, "/share/tessel"}};
     for (const auto& [item, name] : names) EXPECT_EQ(frontend_.GetCorvaneName(item), name) << item;
     for (const int item : {0, 1, 5, 14}) {
@@ -27,7 +27,7 @@ TEST_F(Frontend, OptionsHoldTheEncodingOfTheObjectComputer) {
     const auto option =
         frontend_.WorkspaceOptions().SelectSingleNode(".//LIST[@NAME='ObjectComputerEncoding']");
     EXPECT_EQ(option.Attribute("VALUE"), "ASCII");
-    std::filesystem::remove(folder_.At("w/Options/workspace.xml"));
+    std::filesystem::remove((folder_ / "w/Options/workspace.xml"));
     StandAloneFrontend without(Open(), "Orders", "");
     EXPECT_EQ(KindThrown([&] { (void)without.WorkspaceOptions(); }), ErrorKind::File);
 }
@@ -42,13 +42,13 @@ TEST_F(Frontend, KindIsAnAttributeOrTheType) {
 }
 
 TEST_F(Frontend, LoadsSourceTexts) {
-    Write(folder_.At("w/Projects/a.cbl"), "MOVE A TO B.");
+    Write((folder_ / "w/Projects/a.cbl"), "MOVE A TO B.");
     const auto project = frontend_.ProjectObject();
-    const auto source = frontend_.LoadSource(folder_.At("w") + "\\Projects\\a.cbl", *project);
+    const auto source = frontend_.LoadSource((folder_ / "w") + "\\Projects\\a.cbl", *project);
     EXPECT_EQ(dynamic_cast<SourceText&>(*source).Text(), "MOVE A TO B.");
     source->Close();
     EXPECT_EQ(dynamic_cast<SourceText&>(*source).Text(), "");
-    EXPECT_EQ(KindThrown([&] { (void)frontend_.LoadSource(folder_.At("none"), *project); }), ErrorKind::File);
+    EXPECT_EQ(KindThrown([&] { (void)frontend_.LoadSource((folder_ / "none"), *project); }), ErrorKind::File);
 }
 
 Value CallOn(const Value& target, std::string_view member, CallKind kind, Arguments arguments = {}) {

@@ -7,7 +7,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/files/temporary_folder.h"
+#include "support/temporary_folder.h"
 #include "tessel/error.h"
 #include "workbench/stored_repository.h"
 #include "workbench/workspace_folder.h"
@@ -17,12 +17,12 @@ namespace tessel::workbench {
 // A workspace with the project "Orders", opened once.
 class WorkspaceFixture : public testing::Test {
   protected:
-    WorkspaceFixture() { WorkspaceFolder::Create(folder_.At("w"), "Orders"); }
+    WorkspaceFixture() { WorkspaceFolder::Create((folder_ / "w"), "Orders"); }
 
-    [[nodiscard]] WorkspaceFolder Open() const { return WorkspaceFolder::Open(folder_.At("w")); }
+    [[nodiscard]] WorkspaceFolder Open() const { return WorkspaceFolder::Open((folder_ / "w")); }
     [[nodiscard]] StoredRepository OpenRepository() const { return StoredRepository(Open().File()); }
     [[nodiscard]] std::string FileText() const { return Content(FilePath()); }
-    [[nodiscard]] std::string FilePath() const { return folder_.At("w/workspace.xml"); }
+    [[nodiscard]] std::string FilePath() const { return (folder_ / "w/workspace.xml"); }
 
     // Makes an object and brings it into the file.
     static std::shared_ptr<host::RepositoryObject> Make(host::Repository& repository, const std::string& type,

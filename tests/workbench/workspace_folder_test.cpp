@@ -4,8 +4,8 @@
 
 #include <functional>
 
-#include "platform/files/child_process.h"
-#include "platform/files/temporary_folder.h"
+#include "support/child_process.h"
+#include "support/temporary_folder.h"
 #include "tessel/error.h"
 
 namespace tessel::workbench {
@@ -28,58 +28,58 @@ bool Mentions(const std::string& text, const std::string& part) {
 
 TEST(WorkspaceFolder, IsMadeWithOneProject) {
     const TemporaryFolder folder;
-    const auto made = WorkspaceFolder::Create(folder.At("a/../new/"), "Orders");
-    EXPECT_EQ(made.Path(), folder.At("new"));
+    const auto made = WorkspaceFolder::Create((folder / "a/../new/"), "Orders");
+    EXPECT_EQ(made.Path(), (folder / "new"));
     for (const auto* part : {"new/Projects/Orders", "new/Output", "new/Options"}) {
-        EXPECT_TRUE(fs::is_directory(folder.At(part))) << part;
+        EXPECT_TRUE(fs::is_directory((folder / part))) << part;
     }
     EXPECT_EQ(made.Projects(), std::vector<std::string>{"Orders"});
     EXPECT_EQ(made.Name(), "new");
 
-    fs::create_directory(folder.At("empty"));
-    EXPECT_EQ(WorkspaceFolder::Create(folder.At("empty"), "Orders").ChooseProject(std::nullopt), "Orders");
+    fs::create_directory((folder / "empty"));
+    EXPECT_EQ(WorkspaceFolder::Create((folder / "empty"), "Orders").ChooseProject(std::nullopt), "Orders");
 }
 
 TEST(WorkspaceFolder, IsNotMadeOverAnything) {
     const TemporaryFolder folder;
-    Write(folder.At("file"), "x");
-    fs::create_directory(folder.At("back\\slash"));
+    Write((folder / "file"), "x");
+    fs::create_directory((folder / "back\\slash"));
     for (const auto& path :
-         {folder.Path(), folder.At("file"), folder.At("none/below"), folder.At("back\\slash")}) {
+         {folder.Path(), (folder / "file"), (folder / "none/below"), (folder / "back\\slash")}) {
         EXPECT_THROW(WorkspaceFolder::Create(path, "Orders"), Error) << path;
     }
-    EXPECT_THROW(WorkspaceFolder::Create(folder.At("new"), "a/b"), Error);
+    EXPECT_THROW(WorkspaceFolder::Create((folder / "new"), "a/b"), Error);
     EXPECT_EQ(folder.Names(), (std::set<std::string>{"back\\slash", "file"}));
-    EXPECT_EQ(Content(folder.At("file")), "x");
+    EXPECT_EQ(Content((folder / "file")), "x");
 }
 
 TEST(WorkspaceFolder, ABrokenOffCreationLeavesNothing) {
     const TemporaryFolder folder;
     EXPECT_TRUE(HoldsInChild([&] {
         FillDisk(50);  // too small for any of its files
-        return FaultOf([&] { WorkspaceFolder::Create(folder.At("new"), "Orders"); }) != "none";
+        return FaultOf([&] { WorkspaceFolder::Create((folder / "new"), "Orders"); }) != "none";
     }));
     EXPECT_TRUE(folder.Names().empty());
 }
 
 TEST(WorkspaceFolder, OpensByItsTruePath) {
     const TemporaryFolder folder;
-    WorkspaceFolder::Create(folder.At("new"), "Orders");
-    fs::create_directory_symlink("new", folder.At("link"));
+    WorkspaceFolder::Create((folder / "new"), "Orders");
+    fs::create_directory_symlink("new", (folder / "link"));
     for (const auto* path : {"new", "new/.", "new/Output/..", "link/"}) {
-        EXPECT_EQ(WorkspaceFolder::Open(folder.At(path)).Path(), folder.At("new")) << path;
+        EXPECT_EQ(WorkspaceFolder::Open((folder / path)).Path(), (folder / "new")) << path;
     }
-    Write(folder.At("new/workspace.xml"), "<workspace name='Shop' next='1'/>");
-    EXPECT_EQ(WorkspaceFolder::Open(folder.At("new")).Name(), "Shop");
+    Write((folder / "new/workspace.xml"), "<workspace name='Shop' next='1'/>");
+    EXPECT_EQ(WorkspaceFolder::Open((folder / "new")).Name(), "Shop");
 }
 
 TEST(WorkspaceFolder, OpeningRefusesWhatIsNoWorkspace) {
     const TemporaryFolder folder;
     EXPECT_THROW(WorkspaceFolder::Open(folder.Path()), Error);
-    EXPECT_THROW(WorkspaceFolder::Open(folder.At("none")), Error);
-    fs::create_directory(folder.At("back\\slash"));
-    Write(folder.At("back\\slash/workspace.xml"), "<workspace next='1'/>");
-    EXPECT_TRUE(Mentions(FaultOf([&] { WorkspaceFolder::Open(folder.At("back\\slash")); }), "holds a '\\'"));
+    EXPECT_THROW(WorkspaceFolder::Open((folder / "none")), Error);
+    fs::create_directory((folder / "back\\slash"));
+    Write((folder / "back\\slash/workspace.xml"), "<workspace next='1'/>");
+    EXPECT_TRUE(Mentions(FaultOf([&] { WorkspaceFolder::Open((folder / "back\\slash")); }), "holds a '\\'"));
 }
 
 TEST(WorkspaceFolder, DamagedFilesAreRefusedUnchanged) {
@@ -98,17 +98,17 @@ TEST(WorkspaceFolder, DamagedFilesAreRefusedUnchanged) {
     };
     for (const auto& [content, fault] : cases) {
         const TemporaryFolder folder;
-        Write(folder.At("workspace.xml"), content);
+        Write((folder / "workspace.xml"), content);
         const auto message = FaultOf([&] { WorkspaceFolder::Open(folder.Path()); });
-        EXPECT_TRUE(Mentions(message, fault) && Mentions(message, folder.At("workspace.xml"))) << message;
-        EXPECT_EQ(Content(folder.At("workspace.xml")), content);
+        EXPECT_TRUE(Mentions(message, fault) && Mentions(message, (folder / "workspace.xml"))) << message;
+        EXPECT_EQ(Content((folder / "workspace.xml")), content);
         EXPECT_EQ(folder.Names(), std::set<std::string>{"workspace.xml"});
     }
 }
 
 TEST(WorkspaceFolder, TheProjectIsChosenByNameOrAlone) {
     const TemporaryFolder folder;
-    Write(folder.At("workspace.xml"),
+    Write((folder / "workspace.xml"),
           "<workspace next='1'><objects>"
           "<object id='a' type='PROJECT'><attribute name='Name' value='Orders'/></object>"
           "<object id='b' type='TABLE'><attribute name='Name' value='CUSTOMER'/></object>"
@@ -120,7 +120,7 @@ TEST(WorkspaceFolder, TheProjectIsChosenByNameOrAlone) {
         const auto fault = FaultOf([&] { (void)workspace.ChooseProject(name); });
         EXPECT_TRUE(Mentions(fault, "Orders, Stock.")) << fault;
     }
-    Write(folder.At("workspace.xml"), "<workspace next='1'/>");
+    Write((folder / "workspace.xml"), "<workspace next='1'/>");
     EXPECT_THROW((void)WorkspaceFolder::Open(folder.Path()).ChooseProject("Orders"), Error);
 }
 

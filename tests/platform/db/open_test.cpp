@@ -17,7 +17,7 @@ class OpenTest : public TemporaryDatabase {
     // What of the folder a refusal must leave as it was.
     std::string FolderContent() const {
         std::string content;
-        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_))
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(folder_.Path()))
             content += entry.path().string() + "\n" + (entry.is_regular_file() ? Content(entry.path()) : "");
         return content;
     }
@@ -83,7 +83,7 @@ TEST_F(OpenTest, ReadOnlyFileOrFolder) {
     const auto reading = perms::owner_read | perms::owner_exec | perms::group_read | perms::group_exec |
                          perms::others_read | perms::others_exec;
     for (const auto& [folder, file] : {std::pair{reading, all}, std::pair{all, reading}}) {
-        std::filesystem::permissions(folder_, folder);
+        std::filesystem::permissions(folder_.Path(), folder);
         std::filesystem::permissions(path_, file);
         const pid_t child = fork();
         if (child == 0) {
@@ -98,7 +98,7 @@ TEST_F(OpenTest, ReadOnlyFileOrFolder) {
         int status = 0;
         ASSERT_EQ(waitpid(child, &status, 0), child);
         EXPECT_EQ(status, 0);
-        std::filesystem::permissions(folder_, all);
+        std::filesystem::permissions(folder_.Path(), all);
     }
 }
 
@@ -108,7 +108,7 @@ TEST_F(OpenTest, LeavesOneFileBehind) {
         EXPECT_EQ(database->Path(), path_.string());
         database->Execute("insert into ProjectSettings(PropName,PropValue) values('a','b')");
     }
-    const auto entries = std::filesystem::directory_iterator(folder_);
+    const auto entries = std::filesystem::directory_iterator(folder_.Path());
     EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
     EXPECT_EQ(Count(*Open(), "ProjectSettings"), 1);
 }

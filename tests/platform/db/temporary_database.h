@@ -1,7 +1,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
 #include <filesystem>
 #include <fstream>
@@ -10,6 +9,7 @@
 #include <string>
 
 #include "platform/db/database.h"
+#include "support/temporary_folder.h"
 
 namespace tessel::db {
 
@@ -17,14 +17,8 @@ namespace tessel::db {
 class TemporaryDatabase : public testing::Test {
   protected:
     TemporaryDatabase() {
-        std::string name = (std::filesystem::temp_directory_path() / "tessel-db-XXXXXX").string();
-        folder_ = mkdtemp(name.data());
         path_ = folder_ / "DBSchema.mdb";
         std::filesystem::copy_file(TESSEL_SHARE "/DBSchema.mdb", path_);
-    }
-    ~TemporaryDatabase() override {
-        std::error_code error;
-        std::filesystem::remove_all(folder_, error);
     }
 
     [[nodiscard]] std::shared_ptr<Database> Open() const {
@@ -42,7 +36,7 @@ class TemporaryDatabase : public testing::Test {
         return text.str();
     }
 
-    std::filesystem::path folder_;
+    TemporaryFolder folder_;
     std::filesystem::path path_;
 };
 

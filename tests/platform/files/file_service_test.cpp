@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/files/temporary_folder.h"
+#include "support/temporary_folder.h"
 #include "tessel/error.h"
 
 namespace tessel::files {
@@ -25,38 +25,38 @@ TEST(FileService, PathsTakeBothSeparators) {
 
 TEST(FileService, FilesAndFoldersAreToldApart) {
     const TemporaryFolder folder;
-    Write(folder.At("file"), "x");
+    Write((folder / "file"), "x");
     EXPECT_TRUE(FileExists(folder.Path() + "\\file"));
     EXPECT_FALSE(FileExists(folder.Path()));
-    EXPECT_FALSE(FileExists(folder.At("none/file")));
-    EXPECT_FALSE(FileExists(folder.At("file/below")));
+    EXPECT_FALSE(FileExists((folder / "none/file")));
+    EXPECT_FALSE(FileExists((folder / "file/below")));
     EXPECT_TRUE(FolderExists(folder.Path() + "\\"));
-    EXPECT_FALSE(FolderExists(folder.At("file")));
-    EXPECT_THROW((void)FileExists(folder.At(std::string(300, 'x'))), Error);
+    EXPECT_FALSE(FolderExists((folder / "file")));
+    EXPECT_THROW((void)FileExists(folder / std::string(300, 'x')), Error);
 }
 
 TEST(FileService, FoldersAreMadeAndDeleted) {
     const TemporaryFolder folder;
-    EXPECT_THROW(CreateFolder(folder.At("a/b")), Error);
-    CreateFolder(folder.At("a"));
+    EXPECT_THROW(CreateFolder((folder / "a/b")), Error);
+    CreateFolder((folder / "a"));
     CreateFolder(folder.Path() + "\\a\\b");
-    Write(folder.At("a/b/file"), "x");
-    EXPECT_THROW(CreateFolder(folder.At("a/b/file")), Error);
-    EXPECT_THROW(DeleteFolder(folder.At("a/b/file")), Error);
-    EXPECT_EQ(Content(folder.At("a/b/file")), "x");
-    DeleteFolder(folder.At("a"));
+    Write((folder / "a/b/file"), "x");
+    EXPECT_THROW(CreateFolder((folder / "a/b/file")), Error);
+    EXPECT_THROW(DeleteFolder((folder / "a/b/file")), Error);
+    EXPECT_EQ(Content((folder / "a/b/file")), "x");
+    DeleteFolder((folder / "a"));
     EXPECT_TRUE(folder.Names().empty());
-    DeleteFolder(folder.At("a"));
+    DeleteFolder((folder / "a"));
 }
 
 TEST(FileService, DeletingALinkedFolderKeepsWhereItLeads) {
     const TemporaryFolder folder;
-    CreateFolder(folder.At("target"));
-    Write(folder.At("target/file"), "x");
-    std::filesystem::create_directory_symlink("target", folder.At("link"));
-    DeleteFolder(folder.At("link"));
+    CreateFolder((folder / "target"));
+    Write((folder / "target/file"), "x");
+    std::filesystem::create_directory_symlink("target", (folder / "link"));
+    DeleteFolder((folder / "link"));
     EXPECT_EQ(folder.Names(), std::set<std::string>{"target"});
-    EXPECT_EQ(Content(folder.At("target/file")), "x");
+    EXPECT_EQ(Content((folder / "target/file")), "x");
 }
 
 TEST(FileService, PathsSplitAtTheLastSeparatorAndDot) {
@@ -84,9 +84,9 @@ TEST(FileService, ReadFileTakesEveryByte) {
     std::string content(200000, 'x');
     content[0] = '\0';
     content[70000] = '\r';
-    Write(folder.At("file"), content);
-    EXPECT_EQ(ReadFile(folder.At("file")), content);
-    EXPECT_THROW((void)ReadFile(folder.At("none")), Error);
+    Write((folder / "file"), content);
+    EXPECT_EQ(ReadFile((folder / "file")), content);
+    EXPECT_THROW((void)ReadFile((folder / "none")), Error);
     EXPECT_THROW((void)ReadFile(folder.Path()), Error);
 }
 

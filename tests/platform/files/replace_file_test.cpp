@@ -5,9 +5,9 @@
 #include <functional>
 #include <optional>
 
-#include "platform/files/child_process.h"
 #include "platform/files/file_service.h"
-#include "platform/files/temporary_folder.h"
+#include "support/child_process.h"
+#include "support/temporary_folder.h"
 #include "tessel/error.h"
 
 namespace tessel::files {
@@ -38,81 +38,81 @@ TEST(ReplaceFile, GivesTheContentAndLeavesNothingElse) {
     const TemporaryFolder folder;
     for (const auto* content : {"first", "", "second"}) {
         ReplaceFile(folder.Path() + "\\file", content);
-        EXPECT_EQ(Content(folder.At("file")), content);
+        EXPECT_EQ(Content((folder / "file")), content);
     }
-    CopyFile(folder.At("file"), folder.At("copy"));
-    CopyFile(folder.At("copy"), folder.At("copy"));
-    EXPECT_EQ(Content(folder.At("copy")), "second");
+    CopyFile((folder / "file"), (folder / "copy"));
+    CopyFile((folder / "copy"), (folder / "copy"));
+    EXPECT_EQ(Content((folder / "copy")), "second");
     EXPECT_EQ(folder.Names(), (std::set<std::string>{"copy", "file"}));
 }
 
 TEST(ReplaceFile, KeepsRightsAndGivesNewFilesTheUsualOnes) {
     const TemporaryFolder folder;
-    Write(folder.At("file"), "old");
-    chmod(folder.At("file").c_str(), 0640);
-    ReplaceFile(folder.At("file"), "new");
-    EXPECT_EQ(Rights(folder.At("file")), 0640U);
+    Write((folder / "file"), "old");
+    chmod((folder / "file").c_str(), 0640);
+    ReplaceFile((folder / "file"), "new");
+    EXPECT_EQ(Rights((folder / "file")), 0640U);
 
-    chmod(folder.At("file").c_str(), 0444);
+    chmod((folder / "file").c_str(), 0444);
     const auto mask = umask(027);
-    CopyFile(folder.At("file"), folder.At("copy"));
+    CopyFile((folder / "file"), (folder / "copy"));
     umask(mask);
-    EXPECT_EQ(Rights(folder.At("copy")), 0640U);
+    EXPECT_EQ(Rights((folder / "copy")), 0640U);
 }
 
 TEST(ReplaceFile, FollowsLinks) {
     const TemporaryFolder folder;
-    CreateFolder(folder.At("deep"));
-    Write(folder.At("deep/file"), "old");
-    std::filesystem::create_symlink("deep/inner", folder.At("link"));
-    std::filesystem::create_symlink("file", folder.At("deep/inner"));
-    std::filesystem::create_symlink("deep/made", folder.At("dangling"));
-    std::filesystem::create_symlink("loop", folder.At("loop"));
-    ReplaceFile(folder.At("link"), "new");
-    ReplaceFile(folder.At("dangling"), "made");
-    EXPECT_EQ(Content(folder.At("deep/file")), "new");
-    EXPECT_EQ(Content(folder.At("deep/made")), "made");
-    EXPECT_TRUE(std::filesystem::is_symlink(folder.At("link")));
-    EXPECT_TRUE(std::filesystem::is_symlink(folder.At("deep/inner")));
-    EXPECT_EQ(KindThrown([&] { ReplaceFile(folder.At("loop"), ""); }), ErrorKind::File);
+    CreateFolder((folder / "deep"));
+    Write((folder / "deep/file"), "old");
+    std::filesystem::create_symlink("deep/inner", (folder / "link"));
+    std::filesystem::create_symlink("file", (folder / "deep/inner"));
+    std::filesystem::create_symlink("deep/made", (folder / "dangling"));
+    std::filesystem::create_symlink("loop", (folder / "loop"));
+    ReplaceFile((folder / "link"), "new");
+    ReplaceFile((folder / "dangling"), "made");
+    EXPECT_EQ(Content((folder / "deep/file")), "new");
+    EXPECT_EQ(Content((folder / "deep/made")), "made");
+    EXPECT_TRUE(std::filesystem::is_symlink((folder / "link")));
+    EXPECT_TRUE(std::filesystem::is_symlink((folder / "deep/inner")));
+    EXPECT_EQ(KindThrown([&] { ReplaceFile((folder / "loop"), ""); }), ErrorKind::File);
 }
 
 TEST(ReplaceFile, AFullDiskLeavesTheOldFileAlone) {
     const TemporaryFolder folder;
-    Write(folder.At("file"), "old");
-    Write(folder.At("large"), std::string(5000, 'x'));
-    EXPECT_TRUE(FailsWhenFull([&] { ReplaceFile(folder.At("file"), std::string(5000, 'x')); }));
-    EXPECT_TRUE(FailsWhenFull([&] { CopyFile(folder.At("large"), folder.At("file")); }));
-    EXPECT_TRUE(FailsWhenFull([&] { CopyFile(folder.At("large"), folder.At("none")); }));
-    EXPECT_EQ(Content(folder.At("file")), "old");
+    Write((folder / "file"), "old");
+    Write((folder / "large"), std::string(5000, 'x'));
+    EXPECT_TRUE(FailsWhenFull([&] { ReplaceFile((folder / "file"), std::string(5000, 'x')); }));
+    EXPECT_TRUE(FailsWhenFull([&] { CopyFile((folder / "large"), (folder / "file")); }));
+    EXPECT_TRUE(FailsWhenFull([&] { CopyFile((folder / "large"), (folder / "none")); }));
+    EXPECT_EQ(Content((folder / "file")), "old");
     EXPECT_EQ(folder.Names(), (std::set<std::string>{"file", "large"}));
 }
 
 TEST(ReplaceFile, RefusesWhatCannotBeReplaced) {
     const TemporaryFolder folder;
-    CreateFolder(folder.At("folder"));
-    mkfifo(folder.At("pipe").c_str(), 0666);
-    EXPECT_EQ(KindThrown([&] { ReplaceFile(folder.At("folder"), ""); }), ErrorKind::File);
-    EXPECT_EQ(KindThrown([&] { ReplaceFile(folder.At("pipe"), ""); }), ErrorKind::File);
-    EXPECT_EQ(KindThrown([&] { ReplaceFile(folder.At("none/file"), ""); }), ErrorKind::File);
-    EXPECT_EQ(KindThrown([&] { CopyFile(folder.At("none"), folder.At("file")); }), ErrorKind::File);
+    CreateFolder((folder / "folder"));
+    mkfifo((folder / "pipe").c_str(), 0666);
+    EXPECT_EQ(KindThrown([&] { ReplaceFile((folder / "folder"), ""); }), ErrorKind::File);
+    EXPECT_EQ(KindThrown([&] { ReplaceFile((folder / "pipe"), ""); }), ErrorKind::File);
+    EXPECT_EQ(KindThrown([&] { ReplaceFile((folder / "none/file"), ""); }), ErrorKind::File);
+    EXPECT_EQ(KindThrown([&] { CopyFile((folder / "none"), (folder / "file")); }), ErrorKind::File);
     EXPECT_EQ(folder.Names(), (std::set<std::string>{"folder", "pipe"}));
 }
 
 TEST(ReplaceFile, WithoutTheRightToWriteItIsReadOnly) {
     const TemporaryFolder folder;
-    CreateFolder(folder.At("folder"));
-    Write(folder.At("folder/file"), "old");
-    chmod(folder.At("folder/file").c_str(), 0444);
+    CreateFolder((folder / "folder"));
+    Write((folder / "folder/file"), "old");
+    chmod((folder / "folder/file").c_str(), 0444);
     // Root writes everywhere, so a process of an ordinary user tries it.
     chmod(folder.Path().c_str(), 0755);
-    chmod(folder.At("folder").c_str(), 0777);
+    chmod((folder / "folder").c_str(), 0777);
     EXPECT_TRUE(HoldsInChild([&] {
         constexpr uid_t nobody = 65534;
         if (geteuid() == 0 && setuid(nobody) != 0) return false;
-        return KindThrown([&] { ReplaceFile(folder.At("folder/file"), "new"); }) == ErrorKind::ReadOnly;
+        return KindThrown([&] { ReplaceFile((folder / "folder/file"), "new"); }) == ErrorKind::ReadOnly;
     }));
-    EXPECT_EQ(Content(folder.At("folder/file")), "old");
+    EXPECT_EQ(Content((folder / "folder/file")), "old");
 }
 
 }  // namespace

@@ -8,6 +8,7 @@
 #include <set>
 
 #include "platform/text/environment.h"
+#include "support/temporary_folder.h"
 #include "tessel/error.h"
 
 namespace tessel::text {
@@ -15,18 +16,12 @@ namespace {
 
 class TextsFile : public testing::Test {
   protected:
-    TextsFile() {
-        std::string pattern = testing::TempDir() + "textsXXXXXX";
-        folder_ = mkdtemp(pattern.data());
-    }
-    ~TextsFile() override { std::filesystem::remove_all(folder_); }
-
     [[nodiscard]] Texts Read(const std::string& content) const {
-        std::ofstream(folder_ + "/en.txt") << content;
-        return {folder_, "en"};
+        Write(folder_ / "en.txt", content);
+        return {folder_.Path(), "en"};
     }
 
-    std::string folder_;
+    TemporaryFolder folder_;
 };
 
 TEST_F(TextsFile, LinesAreNumberedOrNamed) {
@@ -49,9 +44,9 @@ TEST_F(TextsFile, FaultsNameFileAndLine) {
             EXPECT_NE(std::string(error.what()).find("en.txt, line 2:"), std::string::npos) << error.what();
         }
     }
-    EXPECT_THROW(Texts(folder_, "fr"), Error);
-    std::filesystem::create_directory(folder_ + "/ko.txt");
-    EXPECT_THROW(Texts(folder_, "ko"), Error);
+    EXPECT_THROW(Texts(folder_.Path(), "fr"), Error);
+    std::filesystem::create_directory(folder_ / "ko.txt");
+    EXPECT_THROW(Texts(folder_.Path(), "ko"), Error);
 }
 
 TEST(Texts, PlaceholdersAreFilledInOnePass) {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/files/temporary_folder.h"
+#include "support/temporary_folder.h"
 #include "tessel/error.h"
 
 namespace tessel::xml {
@@ -61,9 +61,9 @@ TEST(Document, IsChangedAndSaved) {
     root.AppendChild("second").SetAttribute("v", "");
     const auto moved = std::move(made);
     root.Children().at(0).SetAttribute("v", value);
-    moved.Save(folder.At("file.xml"));
+    moved.Save((folder / "file.xml"));
 
-    const auto loaded = Document::Load(folder.At("file.xml"));
+    const auto loaded = Document::Load((folder / "file.xml"));
     const auto children = loaded.Root().Children();
     ASSERT_EQ(children.size(), 2U);
     EXPECT_EQ(children[0].Attribute("v"), value);

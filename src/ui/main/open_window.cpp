@@ -1,0 +1,106 @@
+#include "ui/main/open_window.h"
+
+#include <QImageWriter>
+#include <QLoggingCategory>
+#include <algorithm>
+#include <iostream>
+
+#include "engine/queued_questions.h"
+#include "engine/tessel_engine.h"
+#include "schema/sql_text.h"
+#include "ui/main/application.h"
+#include "ui/main/frm_main.h"
+#include "ui/main/qt_questions.h"
+
+namespace tessel {
+
+namespace {
+
+constexpr int done = 0;
+constexpr int failed = 2;
+
+bool HasPlatform() {
+    static constexpr const char* variables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    return std::ranges::any_of(variables,
+                               [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
+}
+
+void Report(const ComponentState& state, const std::string& message) {
+    state.questions->Show({.text = message, .title = state.Title(), .icon = host::Icon::Critical});
+}
+
+// The window with the project in it; none when the editor could not start, and that has been reported.
+std::shared_ptr<frmMain> Start(ComponentState& state, const std::shared_ptr<host::Frontend>& frontend) {
+    state.loadMainWindow = LoadMainWindow;
+    try {
+        if (TesselEngine(state).Run(frontend, Missing{}, Missing{}) != 0) return nullptr;
+    } catch (const std::exception& error) {
+        Report(state, error.what());
+        return nullptr;
+    }
+    return std::static_pointer_cast<frmMain>(state.window);
+}
+
+void PrintAsked(QueuedQuestions& questions) {
+    for (const auto& asked : questions.TakeAsked())
+        std::cerr << "tessel: " << FlattenText(asked.text + " " + asked.detail) << '\n';
+}
+
+bool Write(const QImage& image, const std::string& path) {
+    QImageWriter writer(QString::fromStdString(path), "png");
+    if (writer.write(image)) return true;
+    std::cerr << "tessel: The picture " << path
+              << " cannot be written. Check that its folder is there, may be written to and has room.\n";
+    return false;
+}
+
+}  // namespace
+
+int ShowWindow(ComponentState& state, const std::shared_ptr<host::Frontend>& frontend) {
+    state.questions = std::make_shared<QtQuestions>();
+    const auto window = Start(state, frontend);
+    if (!window) return failed;
+    window->show();
+    QApplication::setQuitOnLastWindowClosed(true);
+    const int code = QApplication::exec();
+    state.window.reset();
+    return code;
+}
+
+int SavePicture(ComponentState& state, const std::shared_ptr<host::Frontend>& frontend,
+                const std::string& picture) {
+    const auto questions = std::make_shared<QueuedQuestions>();
+    state.questions = questions;
+    const auto window = Start(state, frontend);
+    bool written = false;
+    if (window) {
+        window->setAttribute(Qt::WA_DontShowOnScreen);
+        window->show();
+        QApplication::processEvents();
+        written = Write(window->grab().toImage(), picture);
+    }
+    PrintAsked(*questions);
+    state.window.reset();
+    return written ? done : failed;
+}
+
+int RunWindow(ComponentState& state, const std::shared_ptr<host::Frontend>& frontend,
+              const OpenOptions& options) {
+    const bool offscreen = !HasPlatform();
+    if (offscreen && options.picture.empty()) {
+        std::cerr << "tessel: There is no display to show the window on. Start the program from a graphical "
+                     "session, or have a picture of the window saved.\n";
+        return failed;
+    }
+    // That platform warns of everything that it lacks.
+    if (offscreen) QLoggingCategory::setFilterRules("default.warning=false");
+    char program[] = "tessel", platform[] = "-platform", name[] = "offscreen";
+    char* arguments[] = {program, platform, name, nullptr};
+    int count = offscreen ? 3 : 1;
+    Application application(count, arguments, [&state](const std::string& what) { Report(state, what); });
+    application.UseLanguage(state.texts->Language());
+    return options.picture.empty() ? ShowWindow(state, frontend)
+                                   : SavePicture(state, frontend, options.picture);
+}
+
+}  // namespace tessel

@@ -1,0 +1,79 @@
+#include "ui/main/qt_questions.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <algorithm>
+#include <utility>
+
+namespace tessel {
+
+namespace {
+
+constexpr int inputWidth = 420;
+
+constexpr std::pair<host::Icon, QMessageBox::Icon> icons[] = {
+    {host::Icon::None, QMessageBox::NoIcon},
+    {host::Icon::Critical, QMessageBox::Critical},
+    {host::Icon::Exclamation, QMessageBox::Warning},
+    {host::Icon::Warning, QMessageBox::Warning},
+    {host::Icon::Information, QMessageBox::Information},
+};
+
+constexpr std::pair<host::Buttons, QMessageBox::StandardButtons::Int> buttonSets[] = {
+    {host::Buttons::OK, QMessageBox::Ok},
+    {host::Buttons::OKCancel, QMessageBox::Ok | QMessageBox::Cancel},
+    {host::Buttons::YesNo, QMessageBox::Yes | QMessageBox::No},
+};
+
+constexpr std::pair<int, host::Answer> answers[] = {
+    {QMessageBox::Ok, host::Answer::OK},
+    {QMessageBox::Cancel, host::Answer::Cancel},
+    {QMessageBox::Yes, host::Answer::Yes},
+    {QMessageBox::No, host::Answer::No},
+};
+
+template <typename Table, typename Key>
+auto Look(const Table& table, Key key) {
+    return std::ranges::find(table, key, [](const auto& entry) { return entry.first; })->second;
+}
+
+// The texts break their lines as they do everywhere in the component, with carriage returns.
+QString Shown(const std::string& text) {
+    return QString::fromStdString(text).replace("\r\n", "\n").replace('\r', '\n');
+}
+
+void ShowAsPlainText(QWidget& box) {
+    for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
+}
+
+}  // namespace
+
+host::Answer QtQuestions::Show(const host::MessageBox& box) {
+    QMessageBox shown(QApplication::activeWindow());
+    shown.setObjectName("messageBox");
+    shown.setWindowTitle(Shown(box.title));
+    shown.setText(Shown(box.text));
+    shown.setInformativeText(Shown(box.detail));
+    shown.setIcon(Look(icons, box.icon));
+    shown.setStandardButtons(QMessageBox::StandardButtons(Look(buttonSets, box.buttons)));
+    ShowAsPlainText(shown);
+    return Look(answers, shown.exec());
+}
+
+std::optional<std::string> QtQuestions::Ask(const host::InputBox& box) {
+    QInputDialog dialog(QApplication::activeWindow());
+    dialog.setObjectName("inputDialog");
+    dialog.setWindowTitle(Shown(box.title));
+    dialog.setLabelText(Shown(box.prompt));
+    dialog.setTextValue(Shown(box.text));
+    dialog.findChild<QLineEdit*>()->setObjectName("txtInput");
+    dialog.resize(inputWidth, dialog.sizeHint().height());
+    ShowAsPlainText(dialog);
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    return dialog.textValue().toStdString();
+}
+
+}  // namespace tessel

@@ -1,0 +1,91 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "platform/files/file_service.h"
+#include "support/child_program.h"
+#include "support/temporary_folder.h"
+
+namespace tessel::test {
+
+namespace {
+
+struct Outcome {
+    int code;
+    std::string output;
+};
+
+Outcome RunProgram(const std::vector<std::string>& arguments, const std::vector<std::string>& input = {}) {
+    std::vector<std::string> command{TESSEL_PROGRAM};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    ChildProgram program(command);
+    for (const auto& line : input) program.WriteLine(line);
+    program.CloseInput();
+    std::string output;
+    for (std::string line = program.ReadLine(); !line.empty(); line = program.ReadLine())
+        output += line + "\n";
+    return {program.Wait(), output};
+}
+
+class Program : public testing::Test {
+  protected:
+    void Make() { ASSERT_EQ(RunProgram({"new", workspace, "--project", "Works"}).code, 0); }
+
+    TemporaryFolder folder;
+    std::string workspace = folder / "works";
+    std::string database = workspace + "/Projects/Works/DBSCHEMA/Works.mdb";
+};
+
+TEST_F(Program, MakesAWorkspaceAndServesCalls) {
+    Make();
+    const auto added =
+        RunProgram({"--workspace", workspace, "call"},
+                   {R"({"member":"TableAdd","args":["A",0,null,{"date":"2026-01-31"},null,null]})", "{",
+                    R"({"member":"TableUpdate","args":[1,{"missing":true},{"missing":true},"x"]})"});
+    EXPECT_EQ(added.code, 0);
+    EXPECT_EQ(std::count(added.output.begin(), added.output.end(), '\n'), 3);
+    const auto used = RunProgram({"--workspace", workspace, "--project", "Works", "--lang", "ja", "call"},
+                                 {R"({"member":"GetFreeTableName","args":["A"]})"});
+    EXPECT_NE(used.output.find("\"A1\""), std::string::npos) << used.output;
+    EXPECT_FALSE(files::FileExists(database + "-journal"));
+}
+
+TEST_F(Program, SaysWhatItCannotOpen) {
+    const auto says = [&](const std::vector<std::string>& arguments, const std::string& what) {
+        const auto outcome = RunProgram(arguments);
+        EXPECT_EQ(outcome.code, 2) << what;
+        EXPECT_NE(outcome.output.find(what), std::string::npos) << outcome.output;
+    };
+    says({"--workspace", folder.Path(), "call"}, folder.Path());
+    says({"new", workspace, "--project", "../up"}, "../up");
+    Make();
+    says({"new", workspace}, workspace);
+    says({"--workspace", workspace, "--project", "Other", "call"}, "Works");
+    says({"--lang", "fr", "call"}, "fr");
+    files::CreateFolder(workspace + "/Projects/Works/DBSCHEMA");
+    files::ReplaceFile(database, "");
+    says({"--workspace", workspace, "call"}, "Failed to open DBSchema database");
+    EXPECT_EQ(files::ReadFile(database), "");
+}
+
+TEST_F(Program, TwoProgramsEditOneDatabase) {
+    Make();
+    const std::vector<std::string> command{TESSEL_PROGRAM, "--workspace", workspace, "call"};
+    ChildProgram first(command);
+    ChildProgram second(command);
+    for (const auto* program : {&first, &second, &first, &second}) {
+        auto& editor = const_cast<ChildProgram&>(*program);
+        editor.WriteLine(R"({"member":"GetFreeTableName","args":["T"]})");
+        const std::string free = editor.ReadLine();
+        const std::string name = free.substr(11, free.find('"', 11) - 11);
+        editor.WriteLine(R"({"member":"TableAdd","args":[")" + name +
+                         R"(",0,null,{"date":"2026-01-31"},null,null]})");
+        EXPECT_NE(editor.ReadLine().find("\"result\":true"), std::string::npos) << name;
+    }
+    first.WriteLine(R"({"member":"GetFreeTableName","args":["T"]})");
+    EXPECT_NE(first.ReadLine().find("\"T4\""), std::string::npos);
+}
+
+}  // namespace
+
+}  // namespace tessel::test

@@ -1,0 +1,79 @@
+#include "ui/main/qt_questions.h"
+
+#include <QDialogButtonBox>
+#include <QInputDialog>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "ui/main/window_test.h"
+
+namespace tessel::test {
+
+using host::Answer;
+using host::Buttons;
+using host::Icon;
+
+TEST(QtQuestionsTest, AMessageBoxShowsItsIconAndReturnsTheButton) {
+    struct {
+        Icon icon;
+        Buttons buttons;
+        QMessageBox::Icon shownIcon;
+        QMessageBox::StandardButton clicked;
+        int buttonCount;
+        Answer answer;
+    } const cases[] = {
+        {Icon::None, Buttons::OK, QMessageBox::NoIcon, QMessageBox::Ok, 1, Answer::OK},
+        {Icon::Critical, Buttons::OKCancel, QMessageBox::Critical, QMessageBox::Ok, 2, Answer::OK},
+        {Icon::Exclamation, Buttons::OKCancel, QMessageBox::Warning, QMessageBox::Cancel, 2, Answer::Cancel},
+        {Icon::Warning, Buttons::YesNo, QMessageBox::Warning, QMessageBox::Yes, 2, Answer::Yes},
+        {Icon::Information, Buttons::YesNo, QMessageBox::Information, QMessageBox::No, 2, Answer::No},
+    };
+    for (const auto& expected : cases) {
+        WhenOpen("messageBox", [&](QWidget& window) {
+            auto& box = dynamic_cast<QMessageBox&>(window);
+            EXPECT_EQ(box.icon(), expected.shownIcon);
+            EXPECT_EQ(box.buttons().size(), expected.buttonCount);
+            box.button(expected.clicked)->click();
+        });
+        EXPECT_EQ(QtQuestions().Show(
+                      {.text = "?", .title = "T", .icon = expected.icon, .buttons = expected.buttons}),
+                  expected.answer);
+    }
+}
+
+TEST(QtQuestionsTest, NamesAreNeverMarkup) {
+    QStringList shown;
+    WhenOpen("messageBox", [&](QWidget& window) {
+        for (const QLabel* label : window.findChildren<QLabel*>()) {
+            if (label->text().isEmpty()) continue;
+            EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+            shown << label->text();
+        }
+        window.close();
+    });
+    QtQuestions().Show({.text = "Drop <b>T</b>\r\nand U\rnow?", .title = "T", .detail = "<i>why</i>"});
+    shown.sort();
+    EXPECT_EQ(shown, (QStringList{"<i>why</i>", "Drop <b>T</b>\nand U\nnow?"}));
+}
+
+TEST(QtQuestionsTest, TheInputDialogReturnsWhatWasTyped) {
+    const auto ask = [](const QString& typed, QDialogButtonBox::StandardButton button) {
+        WhenOpen("inputDialog", [=](QWidget& dialog) {
+            EXPECT_EQ(dialog.windowTitle(), "Tessel");
+            EXPECT_EQ(dialog.findChild<QLabel*>()->text(), "Name");
+            auto& field = *dialog.findChild<QLineEdit*>("txtInput");
+            EXPECT_EQ(field.text(), "old");
+            EXPECT_EQ(field.selectedText(), "old");
+            field.setText(typed);
+            dialog.findChild<QDialogButtonBox*>()->button(button)->click();
+        });
+        return QtQuestions().Ask({.prompt = "Name", .title = "Tessel", .text = "old", .helpFile = ""});
+    };
+    EXPECT_EQ(ask("顧客", QDialogButtonBox::Ok), "顧客");
+    EXPECT_EQ(ask("", QDialogButtonBox::Ok), "");
+    EXPECT_EQ(ask("new", QDialogButtonBox::Cancel), std::nullopt);
+}
+
+}  // namespace tessel::test

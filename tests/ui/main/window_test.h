@@ -1,0 +1,78 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QTimer>
+#include <QTreeView>
+
+#include "engine/tessel_engine.h"
+#include "platform/text/environment.h"
+#include "support/schema_test.h"
+#include "ui/main/frm_main.h"
+
+namespace tessel::test {
+
+// What the test program's application reported.
+inline std::vector<std::string> reported;
+
+// Waits for the window of that name and then acts on it; a modal one runs meanwhile.
+inline void WhenOpen(const QString& name, const std::function<void(QWidget&)>& act) {
+    auto* timer = new QTimer(qApp);
+    QObject::connect(timer, &QTimer::timeout, [=] {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+            if (window->objectName() != name || !window->isVisible()) continue;
+            timer->deleteLater();
+            timer->stop();
+            return act(*window);
+        }
+    });
+    timer->start(1);
+}
+
+// A workspace with the project "Demo", whose editor is not started yet.
+class WindowTest : public testing::Test {
+  protected:
+    WindowTest() {
+        std::filesystem::create_directories(folder / "Projects/Demo");
+        state.texts = std::make_shared<text::Texts>(std::string(TESSEL_SHARE) + "/texts", "en");
+        state.codePage = std::make_shared<text::CodePage>(1252);
+        state.questions = std::make_shared<StrictQuestions>();
+        state.loadMainWindow = LoadMainWindow;
+    }
+
+    frmMain& Start() {
+        EXPECT_EQ(TesselEngine(state).Run(frontend, Missing{}, Missing{}), 0);
+        auto& window = dynamic_cast<frmMain&>(*state.window);
+        window.show();
+        return window;
+    }
+
+    std::int32_t AddTable(const std::string& name) {
+        std::int32_t tabID = -1;
+        EXPECT_TRUE(WorkspaceOf(state)->TableAdd(name, tabID, Null{}, DateTime{}, Null{}, Null{})) << name;
+        return tabID;
+    }
+
+    static QTreeView& Browser(frmMain& window) { return *window.findChild<QTreeView*>("lvBrowser"); }
+
+    // The list's rows as the user sees them, "name|description", the current one with a '*' before it.
+    static std::vector<std::string> Listed(frmMain& window) {
+        std::vector<std::string> rows;
+        const QAbstractItemModel& model = *Browser(window).model();
+        for (int row = 0; row < model.rowCount(); ++row)
+            rows.push_back(((row == Browser(window).currentIndex().row() ? "*" : "") +
+                            model.index(row, 0).data().toString() + "|" +
+                            model.index(row, 1).data().toString())
+                               .toStdString());
+        return rows;
+    }
+
+    TemporaryFolder folder;
+    Environment environment{{"XDG_CONFIG_HOME", folder / "config"}};
+    std::shared_ptr<FakeFrontend> frontend =
+        std::make_shared<FakeFrontend>(folder.Path(), TESSEL_SHARE);
+    ComponentState state;
+};
+
+}  // namespace tessel::test

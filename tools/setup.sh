@@ -1,0 +1,64 @@
+# shellcheck shell=bash disable=SC2034
+# Sourced by run and test: what the build needs of the system, and the build itself.
+
+# One line each: a Debian package and what it is for.
+buildPackages='
+g++ compiles the program
+cmake describes the build
+ninja-build runs the build
+ccache makes the second build quick
+libsqlite3-dev keeps a schema in a database file
+sqlite3 makes the template database
+libpugixml-dev reads and writes XML
+libfmt-dev forms texts and numbers
+nlohmann-json3-dev reads and writes JSON lines
+libcli11-dev reads the command line
+qt6-base-dev shows the window
+libgtest-dev runs the tests
+libgmock-dev matches what the tests expect
+libbenchmark-dev measures speed
+'
+testPackages='
+clang-format checks the form of the code
+'
+windowPackages='
+fonts-noto-cjk shows Japanese and Korean
+'
+vncPackages='
+xvfb is a display without a screen
+x11vnc serves that display
+'
+
+AsRoot() {
+    if [ "$(id -u)" -eq 0 ]; then
+        "$@"
+    elif command -v sudo >/dev/null; then
+        sudo "$@"
+    else
+        echo "setup: installing needs root or sudo; as root, run: $*" >&2
+        return 1
+    fi
+}
+
+# InstallMissing LIST...: installs the packages of the lists that are not installed yet, saying which and why.
+InstallMissing() {
+    local installed package purpose missing=()
+    installed=$(dpkg-query -W -f '${db:Status-Status} ${Package}\n')
+    while read -r package purpose; do
+        if [ -n "$package" ] && ! grep -qxF "installed $package" <<<"$installed"; then
+            echo "setup: installing $package, which $purpose"
+            missing+=("$package")
+        fi
+    done < <(printf '%s\n' "$@")
+    [ ${#missing[@]} -gt 0 ] || return 0
+    AsRoot apt-get -q update
+    AsRoot env DEBIAN_FRONTEND=noninteractive apt-get -q -y --no-install-recommends install "${missing[@]}"
+}
+
+# Build PRESET [TARGET...]: configures the preset and builds the targets, or everything.
+Build() {
+    local root preset=$1
+    root=$(dirname "$(dirname "$(realpath "${BASH_SOURCE[0]}")")")
+    cmake -S "$root" --preset "$preset"
+    cmake --build "$root/build/$preset" ${2+--target "${@:2}"}
+}
