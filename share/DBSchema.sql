@@ -58,7 +58,7 @@ CREATE TABLE IndexColumns (
     IndexID INTEGER NOT NULL CHECK (typeof(IndexID) = 'integer'),
     ColumnID INTEGER NOT NULL CHECK (typeof(ColumnID) = 'integer'),
     Position INTEGER NOT NULL CHECK (typeof(Position) = 'integer'),
-    Direction TEXT(1) COLLATE NOCASE CHECK (length(Direction) <= 1),
+    Direction TEXT(1) COLLATE NOCASE CHECK (Direction IN ('A', 'D')),
     CVRL TEXT COLLATE NOCASE
 );
 CREATE INDEX IndexColumnsPosition ON IndexColumns (IndexID, Position);
@@ -69,7 +69,7 @@ CREATE TABLE ForeignKeys (
     TabID INTEGER NOT NULL CHECK (typeof(TabID) = 'integer'),
     RefTabId INTEGER NOT NULL CHECK (typeof(RefTabId) = 'integer'),
     KeyName TEXT(64) COLLATE NOCASE NOT NULL CHECK (length(KeyName) <= 64),
-    HowDelete TEXT(1) COLLATE NOCASE CHECK (length(HowDelete) <= 1),
+    HowDelete TEXT(1) COLLATE NOCASE CHECK (HowDelete IN ('R', 'C')),
     Comment TEXT COLLATE NOCASE DEFAULT NULL,
     CVRL TEXT COLLATE NOCASE
 );

@@ -13,16 +13,17 @@ libpugixml-dev reads and writes XML
 libfmt-dev forms texts and numbers
 nlohmann-json3-dev reads and writes JSON lines
 libcli11-dev reads the command line
+libgraphviz-dev places the boxes of a diagram
 qt6-base-dev shows the window
 libgtest-dev runs the tests
-libgmock-dev matches what the tests expect
-libbenchmark-dev measures speed
 '
 testPackages='
 clang-format checks the form of the code
+chromium opens the report as its readers do
 '
 windowPackages='
 fonts-noto-cjk shows Japanese and Korean
+qt6-translations-l10n gives buttons Japanese and Korean captions
 '
 vncPackages='
 xvfb is a display without a screen

@@ -51,6 +51,14 @@ QueuedAnswer ReadAnswer(const Json& json) {
            ".");
 }
 
+// The text under the key, empty when there is none.
+std::string TextIn(const Json& line, const char* key) {
+    const auto found = line.find(key);
+    if (found == line.end()) return {};
+    if (!found->is_string()) Refuse(std::string("\"") + key + "\" must be a text.");
+    return found->get<std::string>();
+}
+
 const Json& ArrayIn(const Json& line, const char* key) {
     static const Json none = Json::array();
     const auto found = line.find(key);
@@ -63,9 +71,8 @@ const Json& ArrayIn(const Json& line, const char* key) {
 
 CallLine ReadCall(const Json& line) {
     if (!line.is_object()) Refuse("A call is an object such as {\"member\":\"ToolID\"}.");
-    const auto member = line.find("member");
-    if (member == line.end() || !member->is_string()) Refuse("A call must name its \"member\".");
-    CallLine call{.member = member->get<std::string>()};
+    CallLine call{.on = TextIn(line, "on"), .member = TextIn(line, "member")};
+    if (call.member.empty()) Refuse("A call must name its \"member\".");
     const auto put = line.find("put");
     if (put != line.end()) {
         if (line.contains("args")) Refuse("A call has either \"args\" or \"put\".");

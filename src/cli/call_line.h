@@ -10,7 +10,9 @@ namespace tessel {
 
 // One line of input: a call of a member, or the setting of a property.
 struct CallLine {
-    std::string member;
+    std::string
+        on{};  // the property of the workspace whose object has the member; empty: the workspace itself
+    std::string member{};
     CallKind kind = CallKind::Method;
     Arguments arguments{};
     std::deque<QueuedAnswer> answers{};

@@ -9,11 +9,7 @@ namespace {
 
 std::string AllAsked(QueuedQuestions& questions) {
     std::string text;
-    for (const auto& asked : questions.TakeAsked()) {
-        if (!text.empty()) text += '\n';
-        text += asked.text;
-        if (!asked.detail.empty()) text += '\n' + asked.detail;
-    }
+    for (const auto& asked : questions.TakeAsked()) text += (text.empty() ? "" : "\n") + OneLine(asked);
     return text;
 }
 

@@ -5,7 +5,11 @@
 #include <iostream>
 
 #include "cli/headless_session.h"
+#include "cli/import_command.h"
+#include "cli/report_command.h"
+#include "cli/repository_command.h"
 #include "cli/serve_calls.h"
+#include "cli/verify_command.h"
 #include "ui/main/open_window.h"
 
 namespace {
@@ -30,45 +34,99 @@ int CallCommand(const tessel::SessionOptions& options) {
     return 0;
 }
 
+// The command line, a function for each command.
+class Program {
+  public:
+    Program() : app_("Designs and keeps the relational schemas of a workspace's projects.", "tessel") {
+        app_.set_version_flag("--version", TESSEL_VERSION);
+        app_.add_option("--workspace", session_.workspace,
+                        "The workspace's folder (default: the current folder)");
+        app_.add_option("--project", session_.project,
+                        "The project (default: the only one; of a new workspace \"Main\")");
+        app_.add_option("--lang", session_.language, "The language (default: the locale's)")
+            ->check(CLI::IsMember({"en", "ja", "ko"}));
+        app_.require_subcommand(0, 1);
+        app_.fallthrough();
+        AddOpen();
+        AddNew();
+        AddCall();
+        AddVerify();
+        AddImport();
+        AddReport();
+        AddRepository();
+    }
+
+    // The exit code.
+    int Run(int argc, char** argv) {
+        try {
+            app_.parse(argc, argv);
+            return exitCode_;
+        } catch (const CLI::ParseError& error) {
+            return app_.exit(error) == 0 ? 0 : tessel::failureCode;
+        } catch (const std::exception& error) {
+            fmt::print(stderr, "tessel: {}\n", error.what());
+            return tessel::failureCode;
+        }
+    }
+
+  private:
+    void AddOpen() {
+        auto* open = app_.add_subcommand("open", "Open the editor's window (the default)");
+        open->add_option("--picture", window_.picture,
+                         "Write a picture (PNG) of the window to this file and close");
+        app_.final_callback([this, open] {
+            if (app_.get_subcommands().empty() || *open) exitCode_ = OpenCommand(session_, window_);
+        });
+    }
+
+    void AddNew() {
+        auto* make = app_.add_subcommand("new", "Make a workspace with one project");
+        make->add_option("dir", folder_, "The folder to make it in, new or empty")->required();
+        make->final_callback(
+            [this] { exitCode_ = NewCommand(folder_, session_.project.value_or(defaultProject)); });
+    }
+
+    void AddCall() {
+        auto* call =
+            app_.add_subcommand("call", "Call members of the workspace: JSON lines in, JSON lines out");
+        call->final_callback([this] { exitCode_ = CallCommand(session_); });
+    }
+
+    void AddVerify() {
+        auto* verify = app_.add_subcommand("verify", "Check the schema and list what is wrong with it");
+        verify->add_flag("--json", json_, "List the findings as JSON");
+        verify->final_callback([this] { exitCode_ = tessel::VerifyCommand(session_, json_); });
+    }
+
+    void AddImport() {
+        auto* bring = app_.add_subcommand("import", "Bring linked tables up to date with the repository");
+        bring->final_callback([this] { exitCode_ = tessel::ImportCommand(session_); });
+    }
+
+    void AddReport() {
+        auto* report = app_.add_subcommand("report", "Write a page that describes the schema");
+        report->add_option("--out", out_, "The folder to write to (default: the workspace's Output)");
+        report->final_callback([this] { exitCode_ = tessel::ReportCommand(session_, out_); });
+    }
+
+    void AddRepository() {
+        auto* repository = app_.add_subcommand("repository", "Work on the workspace's repository");
+        repository->require_subcommand(1);
+        auto* load = repository->add_subcommand("load", "Fill the repository from a real database");
+        load->add_option("source", source_, "The database: sqlite:PATH")->required();
+        load->final_callback([this] { exitCode_ = tessel::RepositoryLoadCommand(session_, source_); });
+    }
+
+    CLI::App app_;
+    tessel::SessionOptions session_;
+    tessel::OpenOptions window_;
+    std::string folder_;
+    bool json_ = false;
+    std::optional<std::string> out_;
+    std::string source_;
+    int exitCode_ = 0;
+};
+
 }  // namespace
 
-int main(int argc, char** argv) {
-    CLI::App app("Designs and keeps the relational schemas of a workspace's projects.", "tessel");
-    app.set_version_flag("--version", TESSEL_VERSION);
-    tessel::SessionOptions session;
-    app.add_option("--workspace", session.workspace, "The workspace's folder (default: the current folder)");
-    app.add_option("--project", session.project,
-                   "The project (default: the only one; of a new workspace \"Main\")");
-    app.add_option("--lang", session.language, "The language (default: the locale's)")
-        ->check(CLI::IsMember({"en", "ja", "ko"}));
-    app.require_subcommand(0, 1);
-    app.fallthrough();
-
-    int exitCode = 0;
-    tessel::OpenOptions window;
-    auto* open = app.add_subcommand("open", "Open the editor's window (the default)");
-    open->add_option("--picture", window.picture,
-                     "Write a picture (PNG) of the window to this file and close");
-
-    std::string folder;
-    auto* make = app.add_subcommand("new", "Make a workspace with one project");
-    make->add_option("dir", folder, "The folder to make it in, new or empty")->required();
-    make->final_callback([&] { exitCode = NewCommand(folder, session.project.value_or(defaultProject)); });
-
-    auto* call = app.add_subcommand("call", "Call members of the workspace: JSON lines in, JSON lines out");
-    call->final_callback([&] { exitCode = CallCommand(session); });
-
-    app.final_callback([&] {
-        if (app.get_subcommands().empty() || *open) exitCode = OpenCommand(session, window);
-    });
-
-    try {
-        app.parse(argc, argv);
-        return exitCode;
-    } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : tessel::failureCode;
-    } catch (const std::exception& error) {
-        fmt::print(stderr, "tessel: {}\n", error.what());
-        return tessel::failureCode;
-    }
-}
+int main(int argc, char** argv) { return Program().Run(argc, argv); }

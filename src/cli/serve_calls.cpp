@@ -19,11 +19,30 @@ Json ArgumentsJson(Arguments arguments) {
 }
 
 Json ParseLine(const std::string& text) {
+    constexpr int deepest = 100;
+    const auto checkDepth = [](int depth, Json::parse_event_t, const Json&) {
+        if (depth > deepest) throw Error(ErrorKind::JsonLine, "The line is nested too deeply.");
+        return true;
+    };
     try {
-        return Json::parse(text);
-    } catch (const Json::parse_error& error) {
+        return Json::parse(text, checkDepth);
+    } catch (const Json::exception& error) {
         throw Error(ErrorKind::JsonLine, std::string("The line is no JSON: ") + error.what());
     }
+}
+
+// The object that a call is made on: the workspace, or the one that its property `on` gives.
+std::shared_ptr<Object> ObjectOn(VNTWS& workspace, const std::string& on) {
+    Arguments none;
+    const Value value = workspace.Call(on, CallKind::Get, none);
+    const auto* object = value.As<std::shared_ptr<Object>>();
+    if (!object || !*object) throw Error(ErrorKind::Member, on + ": it is no object.");
+    return *object;
+}
+
+Value Invoke(VNTWS& workspace, CallLine& call) {
+    if (call.on.empty()) return workspace.Call(call.member, call.kind, call.arguments);
+    return ObjectOn(workspace, call.on)->Call(call.member, call.kind, call.arguments);
 }
 
 // Adds the outcome of the call in `text` to `answer`.
@@ -32,7 +51,7 @@ void Answer(VNTWS& workspace, QueuedQuestions& questions, const std::string& tex
     if (line.is_object() && line.contains("id")) answer["id"] = line["id"];
     CallLine call = ReadCall(line);
     questions.SetAnswers(std::move(call.answers));
-    const Value result = workspace.Call(call.member, call.kind, call.arguments);
+    const Value result = Invoke(workspace, call);
     answer["result"] = ToJson(result);
     answer["args"] = ArgumentsJson(call.kind == CallKind::Put ? Arguments{} : std::move(call.arguments));
 }
@@ -58,6 +77,8 @@ void ServeCalls(VNTWS& workspace, QueuedQuestions& questions, std::istream& inpu
         const Json answer = AnswerLine(workspace, questions, text);
         output << answer.dump(-1, ' ', false, Json::error_handler_t::replace) << '\n' << std::flush;
     }
+    if (!output) throw Error(ErrorKind::File, "The answers cannot be written; no more calls were made.");
+    if (input.bad()) throw Error(ErrorKind::File, "The calls cannot be read to their end.");
 }
 
 }  // namespace tessel

@@ -5,8 +5,8 @@
 
 namespace tessel {
 
-// The component's public classes, all over one state: "Tessel.TesselEngine", "Tessel.VNTWS". Every VNTWS that
-// is made is the same one.
+// The component's public classes, all over one state: "Tessel.TesselEngine", "Tessel.VNTWS",
+// "Tessel.ScrivoAddOn". Every VNTWS that is made is the same one.
 void AddClasses(ClassTable& classes, ComponentState& state);
 void RemoveClasses(ClassTable& classes);
 

@@ -19,6 +19,7 @@ class HeadlessWindow : public ToolWindow {
     void StartStep(const std::string&) override {}
     void FinishStep(std::int32_t) override {}
     void FinishProgress() override {}
+    void ShowErrors(const std::vector<ErrorRow>&, const std::string&) override {}
     void RefreshBrowser() override {}
     std::string CVRL() const override { return cvrl_; }
     void SetCVRL(const std::string& value) override { cvrl_ = value; }

@@ -1,5 +1,6 @@
 #include "engine/queued_questions.h"
 
+#include "schema/sql_text.h"
 #include "tessel/error.h"
 
 namespace tessel {
@@ -26,6 +27,10 @@ bool Offers(Buttons buttons, Answer answer) {
 }
 
 }  // namespace
+
+std::string OneLine(const AskedQuestion& question) {
+    return FlattenText(question.text + " " + question.detail);
+}
 
 QueuedAnswer QueuedQuestions::NextAnswer(Answer otherwise) {
     if (answers_.empty()) return otherwise;

@@ -26,6 +26,9 @@ struct AskedQuestion {
     QueuedAnswer answer;
 };
 
+// The question in one line, with its reason.
+[[nodiscard]] std::string OneLine(const AskedQuestion& question);
+
 // Answers from a queue, for programs without a screen. A question that finds the queue empty is answered
 // Cancel (No where there is no Cancel); a message with an OK button alone needs no answer. An answer that
 // does not fit its question throws ErrorKind::Answer.

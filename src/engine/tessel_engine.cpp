@@ -2,9 +2,11 @@
 
 #include "engine/headless_window.h"
 #include "engine/queued_questions.h"
+#include "engine/services.h"
 #include "platform/component/member_table.h"
 #include "platform/files/file_service.h"
 #include "schema/sql_text.h"
+#include "verify/db_check.h"
 
 namespace tessel {
 
@@ -14,6 +16,14 @@ constexpr const char* schemaType = "DBSCHEMA";
 
 std::string WorkspaceFolder(host::Frontend& frontend) {
     return frontend.GetCorvaneName(host::name_item::workspaceFolder);
+}
+
+std::shared_ptr<host::RepositoryObject> FindObject(host::Frontend& frontend, const std::string& projectName) {
+    try {
+        return frontend.RepositoryOf()->FindObject(schemaType, projectName);
+    } catch (const Error&) {
+        return nullptr;
+    }
 }
 
 std::shared_ptr<host::RepositoryObject> MakeSchemaObject(host::Frontend& frontend,
@@ -53,19 +63,20 @@ std::string Reason(const text::Texts& texts, const Error& error) {
 
 // Whoever starts the component without services of its own gets the installation's.
 void ProvideServices(ComponentState& state) {
-    if (!state.texts)
-        state.texts = std::make_shared<text::Texts>(
-            files::NativePath(state.Frontend().GetCorvaneName(host::name_item::templates) + "\\texts"),
-            text::LanguageOfLocale());
+    ProvideTexts(state, state.Frontend());
     if (!state.codePage) state.codePage = std::make_shared<text::CodePage>(text::CodePage::FromEnvironment());
     if (!state.questions) state.questions = std::make_shared<QueuedQuestions>();
     if (!state.loadMainWindow) state.loadMainWindow = LoadHeadlessWindow;
+    if (!state.verifySchema)
+        state.verifySchema = [](ComponentState& schema) { DBCheck(schema).VerifySchema(true); };
 }
 
 }  // namespace
 
 std::int32_t TesselEngine::Run(const std::shared_ptr<host::Frontend>& frontend, const Value&, const Value&) {
     state_.frontend = frontend;
+    state_.window.reset();
+    state_.originSource = {};
     ProvideServices(state_);
     state_.project = frontend->ProjectObject();
     state_.projectName = NullToText(state_.project->Attribute("Name"));
@@ -79,17 +90,25 @@ std::int32_t TesselEngine::Run(const std::shared_ptr<host::Frontend>& frontend, 
 }
 
 void TesselEngine::FindSchemaObject() {
-    state_.schemaObject.reset();
+    const auto find = [this] { return FindObject(*state_.frontend, state_.projectName); };
+    state_.schemaObject = find();
+    if (state_.schemaObject) return;
     try {
-        state_.schemaObject = state_.frontend->RepositoryOf()->FindObject(schemaType, state_.projectName);
-    } catch (const Error&) {
         state_.schemaObject = MakeSchemaObject(*state_.frontend, *state_.project, state_.projectName);
+    } catch (const Error&) {
+        state_.schemaObject = find();  // another program may have made it meanwhile
+        if (!state_.schemaObject) throw;
     }
 }
 
 void TesselEngine::SetPaths() {
     const std::string root = WorkspaceFolder(*state_.frontend);
-    state_.databaseFilename = root + "\\" + NullToText(state_.schemaObject->Attribute("Source"));
+    const std::string source = NullToText(state_.schemaObject->Attribute("Source"));
+    if (source.empty())
+        throw Error(ErrorKind::Host,
+                    "The schema object " + state_.schemaObject->Identifier() +
+                        " of the repository has no Source: the path of its database is not known.");
+    state_.databaseFilename = root + "\\" + source;
     state_.schemaFolder = root + "\\Projects\\" + state_.projectName + "\\DBSCHEMA";
 }
 
@@ -97,7 +116,8 @@ void TesselEngine::MakeDatabase() {
     RefuseOrphanedJournal(state_.databaseFilename);
     if (!files::FolderExists(state_.schemaFolder)) files::CreateFolder(state_.schemaFolder);
     const std::string templates = state_.frontend->GetCorvaneName(host::name_item::templates);
-    files::CopyFile(templates + "\\DBSchema.mdb", state_.databaseFilename);
+    // Of programs that start at once the first places the database, and all open it.
+    (void)files::PlaceNewFile(templates + "\\DBSchema.mdb", state_.databaseFilename);
 }
 
 bool TesselEngine::OpenDatabase() {

@@ -36,6 +36,12 @@ class Repository : public Object {
     [[nodiscard]] virtual std::shared_ptr<RepositoryObject> NewObject(const std::string& type,
                                                                       const std::string& name) = 0;
     [[nodiscard]] virtual std::shared_ptr<RepositoryObject> ObjectById(const std::string& identifier) = 0;
+
+    // The project's objects of the type in the order of their identifiers, O2 before O10.
+    [[nodiscard]] virtual std::vector<std::shared_ptr<RepositoryObject>> PrepareCollection(
+        const RepositoryObject& project, const std::string& type) = 0;
+    // The type of the object with this identifier; empty when there is none.
+    [[nodiscard]] virtual std::string TypeNameOf(const std::string& identifier) = 0;
 };
 
 // The loaded source text behind a repository object.

@@ -23,12 +23,13 @@ struct PictureCounts {
     void AddDigits(std::int64_t count) { (hasPoint ? decimalDigits : integerDigits) += count; }
 };
 
+constexpr std::int64_t longest = std::numeric_limits<std::int32_t>::max();
+
 // The number at the front of `text`, 0 when there is none.
 std::int64_t LeadingNumber(std::string_view text) {
-    std::int64_t number = 0;
+    std::uint32_t number = 0;  // takes no sign
     const auto failure = std::from_chars(text.data(), text.data() + text.size(), number).ec;
-    if (failure == std::errc::result_out_of_range) return std::numeric_limits<std::int32_t>::max();
-    return number;
+    return failure == std::errc::result_out_of_range ? longest : number;
 }
 
 PictureCounts Count(std::string_view picture) {
@@ -71,8 +72,7 @@ PictureCounts Count(std::string_view picture) {
 }
 
 std::int32_t Length(std::int64_t count) {
-    if (count > std::numeric_limits<std::int32_t>::max())
-        throw Error(ErrorKind::Conversion, "The picture is longer than a field can be.");
+    if (count > longest) throw Error(ErrorKind::Conversion, "The picture is longer than a field can be.");
     return static_cast<std::int32_t>(count);
 }
 

@@ -11,9 +11,8 @@ namespace tessel {
 //   Name             the path of its file
 //   Execute(sql)     runs a statement that changes rows; returns how many it touched
 //   RecordsAffected  how many rows the last Execute touched
-//   Select(sql)      the rows of a query, a collection under the keys "1", "2", ...; each row is a collection
-//   of its
-//                    fields by name
+//   Select(sql)      the rows of a query, a collection under the keys "1", "2", ...;
+//                    each row is a collection of its fields by name
 class DatabaseObject : public Object {
   public:
     explicit DatabaseObject(std::shared_ptr<db::Database> database) : database_(std::move(database)) {}

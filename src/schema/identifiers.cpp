@@ -135,9 +135,8 @@ std::string GetFreeName(const ComponentState& state, std::string& name, std::str
     const std::string base(text::Left(name, freeNameBase));
     std::string candidate = SQLID(state, name);
     for (int counter = 1; inUse(candidate); ++counter) {
-        std::string next = SQLID(state, base + std::to_string(counter));
-        if (next.empty()) break;  // no number can make a name of it
-        candidate = std::move(next);
+        candidate = SQLID(state, base + std::to_string(counter));
+        if (candidate.empty()) break;  // no number can make a name of it
     }
     return candidate;
 }

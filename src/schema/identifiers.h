@@ -27,7 +27,7 @@ namespace tessel {
                                 const Value& name);
 
 // The first name that is not in use, in the identifier rule's form: `name` itself, or its first 47 characters
-// followed by 1, 2, and so on. An empty `name` becomes `fallback`.
+// followed by 1, 2, and so on; empty when none of these is a name. An empty `name` becomes `fallback`.
 [[nodiscard]] std::string GetFreeName(const ComponentState& state, std::string& name,
                                       std::string_view fallback,
                                       const std::function<bool(const std::string&)>& inUse);

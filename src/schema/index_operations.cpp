@@ -1,16 +1,11 @@
 #include "platform/component/convert.h"
 #include "schema/action.h"
 #include "schema/identifiers.h"
+#include "schema/object_keys.h"
 #include "schema/project_settings.h"
 #include "schema/workspace.h"
 
 namespace tessel {
-
-namespace {
-
-std::string ColumnKey(std::int32_t columnID) { return "c" + std::to_string(columnID); }
-
-}  // namespace
 
 std::int32_t Workspace::PrimaryAdd(std::int32_t tabID) {
     db::Transaction add(Db());

@@ -1,17 +1,11 @@
 #include "platform/component/convert.h"
 #include "schema/action.h"
 #include "schema/identifiers.h"
+#include "schema/object_keys.h"
 #include "schema/project_settings.h"
 #include "schema/workspace.h"
 
 namespace tessel {
-
-namespace {
-
-std::string KeyKey(std::int32_t keyID) { return "k" + std::to_string(keyID); }
-std::string TableKey(std::int32_t tabID) { return "t" + std::to_string(tabID); }
-
-}  // namespace
 
 bool Workspace::ForeignAdd(std::int32_t tableId, std::int32_t refTableId, const std::string& keyName,
                            std::int32_t& keyID) {
@@ -28,8 +22,9 @@ bool Workspace::ForeignAdd(std::int32_t tableId, std::int32_t refTableId, const 
         return true;
     });
     if (added)
-        RunIgnoringErrors(
-            [&] { Window().AddConnector(KeyKey(keyID), TableKey(tableId), TableKey(refTableId), keyName); });
+        RunIgnoringErrors([&] {
+            Window().AddConnector(ForeignKeyKey(keyID), TableKey(tableId), TableKey(refTableId), keyName);
+        });
     return added;
 }
 
@@ -48,7 +43,7 @@ bool Workspace::ForeignUpdate(std::int32_t keyID, const Value& keyName, const Va
         return true;
     });
     if (updated && !keyName.IsMissing())
-        RunIgnoringErrors([&] { Window().SetConnectorText(KeyKey(keyID), ToText(keyName)); });
+        RunIgnoringErrors([&] { Window().SetConnectorText(ForeignKeyKey(keyID), ToText(keyName)); });
     return updated;
 }
 
@@ -61,7 +56,7 @@ bool Workspace::ForeignDrop(std::int32_t keyID) {
         RemoveVerifiedMark(Db());
         return true;
     });
-    if (dropped) RunIgnoringErrors([&] { Window().RemoveConnector(KeyKey(keyID)); });
+    if (dropped) RunIgnoringErrors([&] { Window().RemoveConnector(ForeignKeyKey(keyID)); });
     return dropped;
 }
 

@@ -2,6 +2,7 @@
 #include "platform/text/utf8.h"
 #include "schema/action.h"
 #include "schema/identifiers.h"
+#include "schema/object_keys.h"
 #include "schema/project_settings.h"
 #include "schema/sql_text.h"
 #include "schema/workspace.h"
@@ -13,8 +14,6 @@ namespace {
 constexpr std::size_t typedNameLength = 50;  // characters
 constexpr int newTableHelpContext = 4020000;
 constexpr std::string_view lineBreak = "\r\n";
-
-std::string TableKey(std::int32_t tableId) { return "t" + std::to_string(tableId); }
 
 // Readers treat Null and the empty text alike; what is stored is Null.
 Value NullWhenEmpty(const Value& value) { return value.IsMissing() || value.IsEmptyText() ? Value() : value; }

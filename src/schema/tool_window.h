@@ -2,10 +2,22 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "tessel/object.h"
 
 namespace tessel {
+
+// A row of the errors list.
+struct ErrorRow {
+    std::int32_t tblID = 0;
+    std::int32_t keyID = 0;     // -1 for an error of a column or an index
+    std::int32_t columnID = 0;  // 0 for none
+    std::string tableName;
+    std::string message;
+    std::string icon;  // "Table", "Column" or "Key"
+    std::string tag;   // tblID, columnID and keyID in decimal, parted by carriage returns
+};
 
 // The main window as the workspace and its callers see it. Keys are a letter and a decimal identifier: "t12"
 // is a table, "k3" a foreign key.
@@ -30,6 +42,9 @@ class ToolWindow : public Object {
     virtual void StartStep(const std::string& act) = 0;
     virtual void FinishStep(std::int32_t length) = 0;
     virtual void FinishProgress() = 0;
+
+    // Shows these rows in the errors list, in place of what it held, and the title over it.
+    virtual void ShowErrors(const std::vector<ErrorRow>& errors, const std::string& title) = 0;
 
     // Shows the tables as the database now holds them.
     virtual void RefreshBrowser() = 0;

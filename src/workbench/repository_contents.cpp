@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <tuple>
 
 #include "tessel/error.h"
 
@@ -18,6 +19,13 @@ std::string Required(const xml::Element& element, const std::string& name) {
 }
 
 std::string NameKey(const std::string& type, const std::string& name) { return type + '\0' + name; }
+
+// Sorts identifiers that end in a number by that number.
+std::tuple<std::string, std::size_t, std::string, std::string> OrderKey(const std::string& identifier) {
+    const auto prefix = identifier.find_last_not_of("0123456789") + 1;
+    const auto number = std::min(identifier.find_first_not_of('0', prefix), identifier.size());
+    return {identifier.substr(0, prefix), identifier.size() - number, identifier.substr(number), identifier};
+}
 
 xml::Element ChildNamed(const xml::Element& parent, const std::string& element, const std::string& name) {
     for (const auto& child : parent.Children()) {
@@ -77,7 +85,6 @@ void RepositoryContents::ReadSections() {
     for (const auto& relation : Section("relations").Children()) {
         if (relation.Name() == "relation") ReadRelation(relation);
     }
-    EnterAllNames();
 }
 
 void RepositoryContents::ReadObject(const xml::Element& object) {
@@ -91,17 +98,18 @@ void RepositoryContents::ReadRelation(const xml::Element& relation) {
     relations_[Required(relation, "from")].push_back({Required(relation, "name"), Required(relation, "to")});
 }
 
-void RepositoryContents::EnterName(const std::string& identifier, const xml::Element& object) {
+void RepositoryContents::EnterName(const std::string& identifier, const xml::Element& object) const {
     if (const auto name = AttributeOf(object, "Name")) {
         identifiers_.emplace(NameKey(Required(object, "type"), *name), identifier);
     }
 }
 
-void RepositoryContents::EnterAllNames() {
+void RepositoryContents::EnterAllNames() const {
     identifiers_.clear();
     for (const auto& object : Section("objects").Children()) {
         if (object.Name() == "object") EnterName(Required(object, "id"), object);
     }
+    namesAreOld_ = false;
 }
 
 std::optional<std::string> RepositoryContents::WorkspaceName() const {
@@ -118,6 +126,7 @@ std::optional<std::string> RepositoryContents::Attribute(const std::string& iden
 }
 
 std::optional<std::string> RepositoryContents::Find(const std::string& type, const std::string& name) const {
+    if (namesAreOld_) EnterAllNames();
     const auto found = identifiers_.find(NameKey(type, name));
     return found == identifiers_.end() ? std::nullopt : std::optional(found->second);
 }
@@ -143,6 +152,34 @@ std::vector<std::string> RepositoryContents::Related(const std::string& identifi
     return related;
 }
 
+std::unordered_set<std::string> RepositoryContents::ObjectsOfOthers(const std::string& project) const {
+    std::unordered_set<std::string> others;
+    for (const auto& [from, relations] : relations_) {
+        if (from == project || !HasObject(from) || TypeOf(from) != projectType) continue;
+        for (const auto& relation : relations) others.insert(relation.to);
+    }
+    if (const auto own = relations_.find(project); own != relations_.end())
+        for (const auto& relation : own->second) others.erase(relation.to);
+    return others;
+}
+
+std::vector<std::string> RepositoryContents::ObjectsOf(const std::string& type) const {
+    std::vector<std::string> identifiers;
+    for (const auto& [identifier, object] : objects_) {
+        if (object.Attribute("type") == type) identifiers.push_back(identifier);
+    }
+    std::ranges::sort(identifiers, {}, OrderKey);
+    return identifiers;
+}
+
+std::vector<std::string> RepositoryContents::ObjectsOf(const std::string& project,
+                                                       const std::string& type) const {
+    auto identifiers = ObjectsOf(type);
+    const auto others = ObjectsOfOthers(project);
+    std::erase_if(identifiers, [&](const std::string& identifier) { return others.contains(identifier); });
+    return identifiers;
+}
+
 std::string RepositoryContents::TakeIdentifier() {
     auto counter = Counter(document_.Root());
     // Objects entered by hand may stand in the counter's way.
@@ -163,7 +200,8 @@ void RepositoryContents::SetAttributes(const std::string& identifier, const Attr
     const auto oldName = AttributeOf(object, "Name");
     for (const auto& [name, value] : attributes) SetAttribute(object, name, value);
     if (AttributeOf(object, "Name") == oldName) return;
-    oldName ? EnterAllNames() : EnterName(identifier, object);
+    if (!oldName) return EnterName(identifier, object);
+    namesAreOld_ = true;  // the name that it gives up may be another object's, too
 }
 
 void RepositoryContents::AddRelation(const std::string& from, const std::string& relation,

@@ -3,12 +3,16 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <utility>
 #include <vector>
 
 #include "platform/xml/document.h"
 
 namespace tessel::workbench {
+
+// The type of the objects that stand for projects.
+inline constexpr const char* projectType = "PROJECT";
 
 // What workspace.xml holds: objects with an identifier, a type and attributes, and relations from object to
 // object. Everything else in the document stays as it is. An object that is asked about must be there, or
@@ -34,6 +38,12 @@ class RepositoryContents {
     [[nodiscard]] std::optional<std::string> Find(const std::string& type, const std::string& name) const;
     // The names of all objects of the type, in the order of the document.
     [[nodiscard]] std::vector<std::string> NamesOf(const std::string& type) const;
+    // All objects of the type, in the order of their identifiers, O2 before O10.
+    [[nodiscard]] std::vector<std::string> ObjectsOf(const std::string& type) const;
+    // Those of them that belong to the project: those that a relation of the project leads to, and those that
+    // no project's relation leads to.
+    [[nodiscard]] std::vector<std::string> ObjectsOf(const std::string& project,
+                                                     const std::string& type) const;
     // The objects that the relation leads to, in the order of adding; those that are gone are left out.
     [[nodiscard]] std::vector<std::string> Related(const std::string& identifier,
                                                    const std::string& relation) const;
@@ -56,8 +66,10 @@ class RepositoryContents {
     void ReadSections();
     void ReadObject(const xml::Element& object);
     void ReadRelation(const xml::Element& relation);
-    void EnterName(const std::string& identifier, const xml::Element& object);
-    void EnterAllNames();
+    void EnterName(const std::string& identifier, const xml::Element& object) const;
+    void EnterAllNames() const;
+    // The objects that relations of other projects lead to and those of this one do not.
+    [[nodiscard]] std::unordered_set<std::string> ObjectsOfOthers(const std::string& project) const;
     [[nodiscard]] xml::Element Object(const std::string& identifier) const;
     // The first child of the root with this name; the sections stand in any order and may be missing.
     [[nodiscard]] xml::Element Section(const std::string& name) const;
@@ -65,7 +77,8 @@ class RepositoryContents {
 
     xml::Document document_;
     std::unordered_map<std::string, xml::Element> objects_;
-    std::unordered_map<std::string, std::string> identifiers_;          // by NameKey
+    mutable std::unordered_map<std::string, std::string> identifiers_;  // by NameKey
+    mutable bool namesAreOld_ = true;                                   // identifiers_ must be made anew
     std::unordered_map<std::string, std::vector<Relation>> relations_;  // by the object that they lead from
 };
 

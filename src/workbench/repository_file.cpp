@@ -1,10 +1,5 @@
 #include "workbench/repository_file.h"
 
-#include <sys/stat.h>
-
-#include <cerrno>
-
-#include "platform/files/file_error.h"
 #include "platform/files/file_service.h"
 #include "workbench/file_lock.h"
 
@@ -18,7 +13,7 @@ const RepositoryContents& RepositoryFile::Contents() {
 }
 
 const RepositoryContents& RepositoryFile::PresentContents() {
-    if (StampOnDisk() != stamp_) contents_.reset();
+    if (StampOf(path_) != stamp_) contents_.reset();
     return Contents();
 }
 
@@ -32,18 +27,12 @@ void RepositoryFile::Change(const std::function<void(RepositoryContents&)>& chan
         contents_.reset();
         throw;
     }
-    stamp_ = StampOnDisk();
-}
-
-RepositoryFile::Stamp RepositoryFile::StampOnDisk() const {
-    struct stat status {};
-    if (stat(path_.c_str(), &status) != 0) files::ThrowReadError("file", path_, "read", errno);
-    return {status.st_dev, status.st_ino, status.st_size, status.st_mtim.tv_sec, status.st_mtim.tv_nsec};
+    stamp_ = StampOf(path_);
 }
 
 void RepositoryFile::Read() {
     // Taken first: when the file is replaced in between, the old stamp makes the next look read it anew.
-    stamp_ = StampOnDisk();
+    stamp_ = StampOf(path_);
     contents_ = RepositoryContents::Load(path_);
 }
 

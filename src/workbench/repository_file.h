@@ -3,8 +3,8 @@
 #include <functional>
 #include <optional>
 #include <string>
-#include <tuple>
 
+#include "workbench/file_stamp.h"
 #include "workbench/repository_contents.h"
 
 namespace tessel::workbench {
@@ -24,15 +24,11 @@ class RepositoryFile {
     void Change(const std::function<void(RepositoryContents&)>& change);
 
   private:
-    using Stamp =
-        std::tuple<unsigned long, unsigned long, long, long, long>;  // device, inode, size, time of change
-
-    [[nodiscard]] Stamp StampOnDisk() const;
     void Read();
 
     std::string path_;
     std::optional<RepositoryContents> contents_;  // nothing when the file must be read anew
-    Stamp stamp_;
+    FileStamp stamp_;
 };
 
 }  // namespace tessel::workbench

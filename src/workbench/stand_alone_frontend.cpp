@@ -35,8 +35,12 @@ std::string StandAloneFrontend::GetCorvaneName(int item) {
 }
 
 const xml::Document& StandAloneFrontend::WorkspaceOptions() {
-    if (!options_) options_ = xml::Document::Load(folder_.Path() + "/Options/workspace.xml");
-    return *options_;
+    const std::string path = folder_.Path() + "/Options/workspace.xml";
+    if (const FileStamp stamp = StampOf(path); stamp != optionsStamp_) {
+        options_ = xml::Document::Load(path);
+        optionsStamp_ = stamp;
+    }
+    return options_;
 }
 
 std::string StandAloneFrontend::ObjectKind(const host::RepositoryObject& object) {

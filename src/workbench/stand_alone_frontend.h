@@ -21,7 +21,7 @@ class StandAloneFrontend : public host::Frontend {
     // Throws ErrorKind::Host for a number that is none of host::name_item.
     [[nodiscard]] std::string GetCorvaneName(int item) override;
 
-    // Options/workspace.xml as it was when it was first asked for.
+    // Options/workspace.xml as it is now; good until the next call.
     [[nodiscard]] const xml::Document& WorkspaceOptions() override;
 
     // The object's attribute "Kind", or its type where that is not set or empty.
@@ -38,7 +38,8 @@ class StandAloneFrontend : public host::Frontend {
     std::string project_;
     std::string share_;
     std::shared_ptr<StoredRepository> repository_;
-    std::optional<xml::Document> options_;
+    xml::Document options_;
+    FileStamp optionsStamp_;  // of the file that options_ was read from
 };
 
 }  // namespace tessel::workbench

@@ -14,9 +14,13 @@ StoredObject::StoredObject(std::shared_ptr<RepositoryFile> file, std::string ide
 std::shared_ptr<StoredObject> StoredObject::New(std::shared_ptr<RepositoryFile> file, const std::string& type,
                                                 const std::string& name) {
     std::string identifier;
-    file->Change([&](RepositoryContents& contents) { identifier = contents.TakeIdentifier(); });
+    bool nameIsFree = false;
+    file->Change([&](RepositoryContents& contents) {
+        identifier = contents.TakeIdentifier();
+        nameIsFree = !contents.Find(type, name);
+    });
     auto object = std::make_shared<StoredObject>(std::move(file), identifier);
-    object->draft_ = Draft{type, {{"Name", name}}};
+    object->draft_ = Draft{type, nameIsFree, {{"Name", name}}};
     return object;
 }
 
@@ -53,10 +57,18 @@ void StoredObject::BeginChange() {
 void StoredObject::EndChange() {
     if (!draft_) throw Error(ErrorKind::Host, "The object " + identifier_ + " has no change to end.");
     file_->Change([this](RepositoryContents& contents) {
-        if (draft_->newType) contents.AddObject(identifier_, *draft_->newType);
+        if (draft_->newType) AddNew(contents);
         contents.SetAttributes(identifier_, draft_->attributes);
     });
     draft_.reset();
+}
+
+void StoredObject::AddNew(RepositoryContents& contents) const {
+    const std::string name = *Attribute("Name").As<std::string>();
+    if (draft_->nameWasFree && contents.Find(*draft_->newType, name))
+        throw Error(ErrorKind::Host, "The repository holds an object of type " + *draft_->newType +
+                                         " with the name \"" + name + "\" meanwhile.");
+    contents.AddObject(identifier_, *draft_->newType);
 }
 
 void StoredObject::AddRelation(const std::string& relation, const host::RepositoryObject& other) {

@@ -17,7 +17,8 @@ class StoredObject : public host::RepositoryObject {
   public:
     StoredObject(std::shared_ptr<RepositoryFile> file, std::string identifier);
 
-    // An object with an identifier of its own that stands in the file, and is found, from EndChange on.
+    // An object with an identifier of its own that stands in the file, and is found, from EndChange on. That
+    // throws ErrorKind::Host when another program has made one of its type and name in between.
     static std::shared_ptr<StoredObject> New(std::shared_ptr<RepositoryFile> file, const std::string& type,
                                              const std::string& name);
 
@@ -37,9 +38,11 @@ class StoredObject : public host::RepositoryObject {
   private:
     struct Draft {
         std::optional<std::string> newType;  // of an object that is not in the file yet
+        bool nameWasFree = false;            // when that object was made
         RepositoryContents::Attributes attributes;
     };
 
+    void AddNew(RepositoryContents& contents) const;
     [[nodiscard]] std::shared_ptr<Collection> RelatedCollection(const std::string& relation) const;
 
     std::shared_ptr<RepositoryFile> file_;

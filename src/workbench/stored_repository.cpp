@@ -26,11 +26,36 @@ std::shared_ptr<host::RepositoryObject> StoredRepository::ObjectById(const std::
     throw Error(ErrorKind::Host, "There is no object with the identifier " + identifier + ".");
 }
 
+std::vector<std::shared_ptr<host::RepositoryObject>> StoredRepository::PrepareCollection(
+    const host::RepositoryObject& project, const std::string& type) {
+    std::vector<std::shared_ptr<host::RepositoryObject>> objects;
+    for (const auto& identifier : file_->PresentContents().ObjectsOf(project.Identifier(), type)) {
+        objects.push_back(std::make_shared<StoredObject>(file_, identifier));
+    }
+    return objects;
+}
+
+std::string StoredRepository::TypeNameOf(const std::string& identifier) {
+    const auto* contents = &file_->Contents();
+    if (!contents->HasObject(identifier)) contents = &file_->PresentContents();
+    return contents->HasObject(identifier) ? contents->TypeOf(identifier) : std::string();
+}
+
+std::shared_ptr<Collection> StoredRepository::PreparedCollection(const host::RepositoryObject& project,
+                                                                 const std::string& type) {
+    auto collection = std::make_shared<Collection>();
+    for (const auto& object : PrepareCollection(project, type)) {
+        collection->Add(std::shared_ptr<Object>(object), object->Identifier());
+    }
+    return collection;
+}
+
 Value StoredRepository::Call(std::string_view member, CallKind kind, Arguments& arguments) {
     static const MemberTable<StoredRepository> members{
         Method<&StoredRepository::FindObject>("FindObject"),
         Method<&StoredRepository::NewObject>("NewObject"),
         Method<&StoredRepository::ObjectById>("Object"),
+        Method<&StoredRepository::PreparedCollection>("PrepareCollection"),
     };
     return members.Call(*this, member, kind, arguments);
 }

@@ -22,10 +22,20 @@ class StoredRepository : public host::Repository {
                                                                     const std::string& name) override;
     [[nodiscard]] std::shared_ptr<host::RepositoryObject> ObjectById(const std::string& identifier) override;
 
-    // FindObject, NewObject, and ObjectById under the name Object.
+    // The objects that a relation of the project leads to, and those that no project's relation leads to:
+    // they belong to all.
+    [[nodiscard]] std::vector<std::shared_ptr<host::RepositoryObject>> PrepareCollection(
+        const host::RepositoryObject& project, const std::string& type) override;
+    [[nodiscard]] std::string TypeNameOf(const std::string& identifier) override;
+
+    // FindObject, NewObject, ObjectById under the name Object, and PrepareCollection, which gives a keyed
+    // collection under the identifiers.
     Value Call(std::string_view member, CallKind kind, Arguments& arguments) override;
 
   private:
+    [[nodiscard]] std::shared_ptr<Collection> PreparedCollection(const host::RepositoryObject& project,
+                                                                 const std::string& type);
+
     std::shared_ptr<RepositoryFile> file_;
 };
 

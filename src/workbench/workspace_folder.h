@@ -9,9 +9,6 @@
 
 namespace tessel::workbench {
 
-// The type of the objects that stand for projects.
-inline constexpr const char* projectType = "PROJECT";
-
 // A workspace: a folder with workspace.xml, Options, Projects and Output in it.
 class WorkspaceFolder {
   public:

@@ -40,8 +40,9 @@ TEST_F(CallDocumentation, SaysWhatEveryMemberAnswers) {
         std::ostringstream output;
         ServeCalls(Ws(), answering, input, output);
         EXPECT_EQ(output.str(), lines[i + 1] + "\n") << lines[i];
-        const Json answer = Json::parse(output.str());
-        if (answer.contains("result")) members.insert(Json::parse(lines[i])["member"]);
+        const Json call = Json::parse(lines[i]);
+        if (!call.contains("on") && Json::parse(output.str()).contains("result"))
+            members.insert(call["member"]);
     }
     EXPECT_EQ(members.size(), 43U);  // all that the workspace has
 }

@@ -68,6 +68,36 @@ TEST_F(Program, SaysWhatItCannotOpen) {
     EXPECT_EQ(files::ReadFile(database), "");
 }
 
+TEST_F(Program, ManyFirstStartsMakeOneDatabase) {
+    constexpr int programs = 6;
+    Make();
+    std::vector<std::unique_ptr<ChildProgram>> starting;
+    for (int i = 0; i < programs; ++i)
+        starting.push_back(std::make_unique<ChildProgram>(
+            std::vector<std::string>{TESSEL_PROGRAM, "--workspace", workspace, "call"}));
+    for (int i = 0; i < programs; ++i)
+        starting[i]->WriteLine(R"({"member":"TableAdd","args":["T)" + std::to_string(i) +
+                               R"(",0,null,{"date":"2026-01-31"},null,null]})");
+    for (const auto& program : starting) {
+        const std::string answer = program->ReadLine();
+        EXPECT_NE(answer.find("\"result\":true"), std::string::npos) << answer;
+    }
+    starting.clear();
+    const auto all =
+        RunProgram({"--workspace", workspace, "call"},
+                   {R"({"on":"ProjectDB","member":"Select","args":["select count(*) as n from Tables"]})"});
+    EXPECT_NE(all.output.find("{\"n\":" + std::to_string(programs) + "}"), std::string::npos) << all.output;
+    const std::string repository = files::ReadFile(workspace + "/workspace.xml");
+    EXPECT_EQ(repository.find("\"DBSCHEMA\""), repository.rfind("\"DBSCHEMA\"")) << repository;
+}
+
+TEST_F(Program, SaysWhenItsAnswersAreLost) {
+    Make();
+    const std::string shell = std::string("echo '{\"member\":\"ToolID\"}' | '") + TESSEL_PROGRAM +
+                              "' --workspace '" + workspace + "' call > /dev/full 2>/dev/null";
+    EXPECT_EQ(ChildProgram({"/bin/sh", "-c", shell}).Wait(), 2);
+}
+
 TEST_F(Program, TwoProgramsEditOneDatabase) {
     Make();
     const std::vector<std::string> command{TESSEL_PROGRAM, "--workspace", workspace, "call"};

@@ -41,9 +41,16 @@ TEST_F(ServingCalls, GoesOnAfterEveryKindOfError) {
         {"{\"member\":\"SQLID\",\"args\":[\"\xff\"]}", "json"},
         {R"({"member":"GetProjectSettings","args":["a\u0000b"]})", "sql"},
         {R"({"member":"TableAdd","args":["A",0,null,null,null,null]})", "conversion"},
+        {R"({"member":"ReturnCode","put":1e999})", "json"},
+        {R"({"on":7,"member":"Name"})", "json"},
+        {R"({"on":"ToolID","member":"Name"})", "member"},
+        {R"({"on":"ProjectDB","member":"Execute","args":["drop table Tables"]})", "sql"},
     };
     std::string lines;
     for (const auto& [line, kind] : cases) lines += std::string(line) + "\n";
+    std::string deep;
+    for (int i = 0; i < 200'000; ++i) deep += "{\"a\":";
+    EXPECT_EQ(Json::parse(Serve(deep).at(0))["error"]["kind"], "json");
     const auto answers = Serve(lines + "\n \r\n{\"id\":[1],\"member\":\"ToolID\"}\n");
     ASSERT_EQ(answers.size(), std::size(cases) + 1);
     for (std::size_t i = 0; i < std::size(cases); ++i)
@@ -51,7 +58,26 @@ TEST_F(ServingCalls, GoesOnAfterEveryKindOfError) {
     EXPECT_EQ(answers.back(), R"({"id":[1],"result":"VNT","args":[],"messages":[]})");
 }
 
-TEST_F(ServingCalls, KeepsNothingOfACallWhoseAnswerDoesNotFit) {
+TEST_F(ServingCalls, ReachesTheObjectsOfTheWorkspace) {
+    AddTable("A");
+    const auto answers = Serve(
+        R"x({"on":"ProjectDB","member":"Execute","args":["insert into IndexColumns values(1,2,1,'A',null)"]})x"
+        "\n"
+        R"({"on":"projectdb","member":"Select","args":["select TabID, TableName from Tables"]})");
+    EXPECT_EQ(Json::parse(answers.at(0))["result"], 1);
+    EXPECT_EQ(Json::parse(answers.at(1))["result"].dump(), R"({"1":{"TabID":1,"TableName":"A"}})");
+}
+
+TEST_F(ServingCalls, StopsWhereItsAnswersAreLost) {
+    AddTable("A");
+    std::istringstream input("{\"member\":\"TableDrop\",\"args\":[1]}\n");
+    std::ostringstream output;
+    output.setstate(std::ios::failbit);
+    EXPECT_THROW(ServeCalls(Ws(), answering, input, output), Error);
+    EXPECT_EQ(Rows("select TableName from Tables"), std::vector<std::string>{"A"});
+}
+
+TEST_F(ServingCalls, DoesNothingForACallWhoseAnswerDoesNotFit) {
     AddTable("A");
     const auto answers = Serve(R"({"id":1,"member":"DropTableVerbally","args":[1,"A"],"answers":["Yes"]})");
     EXPECT_EQ(Json::parse(answers.at(0))["error"]["kind"], "answer");

@@ -21,8 +21,7 @@ class EngineStart : public testing::Test {
 
     TemporaryFolder folder;
     std::string file = folder / "Projects/Demo/DBSCHEMA/Demo.mdb";
-    std::shared_ptr<FakeFrontend> frontend =
-        std::make_shared<FakeFrontend>(folder.Path(), TESSEL_SHARE);
+    std::shared_ptr<FakeFrontend> frontend = std::make_shared<FakeFrontend>(folder.Path(), TESSEL_SHARE);
     std::shared_ptr<StrictQuestions> questions = std::make_shared<StrictQuestions>();
     ComponentState state;
 };
@@ -51,6 +50,21 @@ TEST_F(EngineStart, UsesTheSourceOfTheSchemaObject) {
     ASSERT_EQ(Start(), 0);
     EXPECT_TRUE(std::filesystem::exists(folder / "other.mdb"));
     EXPECT_EQ(state.schemaFolder, folder.Path() + "\\Projects\\Demo\\DBSCHEMA");
+}
+
+TEST_F(EngineStart, RefusesASchemaObjectWithoutASource) {
+    frontend->repository->Add("DBSCHEMA", "Demo");
+    EXPECT_THROW(Start(), Error);
+}
+
+TEST_F(EngineStart, ForgetsTheLastStart) {
+    ASSERT_EQ(Start(), 0);
+    state.originSource.lastIdentifier = "o7";
+    state.database.reset();
+    files::ReplaceFile(file, "");
+    EXPECT_EQ(Start(), 1);
+    EXPECT_EQ(state.window, nullptr);
+    EXPECT_EQ(state.originSource.lastIdentifier, "");
 }
 
 TEST_F(EngineStart, MakesADeletedDatabaseAnew) {

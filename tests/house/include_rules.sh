@@ -6,7 +6,7 @@ export LC_ALL=C
 cd "$1"
 ls include src >/dev/null
 
-platform='platform/text platform/component platform/files platform/xml platform/settings platform/db'
+platform='platform/text platform/component platform/files platform/xml platform/settings platform/db platform/diagram'
 # Each room with the other rooms that it may include; include/tessel is open to all.
 declare -A mayInclude=(
     [tessel]=''
@@ -16,6 +16,7 @@ declare -A mayInclude=(
     [platform/xml]='platform/text platform/component platform/files'
     [platform/settings]='platform/text platform/component platform/files'
     [platform/db]='platform/text platform/component platform/files'
+    [platform/diagram]='platform/text platform/component platform/files platform/xml'
     [host]="$platform"
     [schema]="$platform host"
     [verify]="$platform host schema"
@@ -54,6 +55,7 @@ CheckLibrary() {
     '<Q'[A-Za-z]* | '"Q'[A-Z]* | '<q'*'.h>') BelongsTo Qt 'src/ui/*' 'src/cli/*' ;;
     ?sqlite3*.h?) BelongsTo sqlite3.h 'src/platform/db/*.cpp' ;;
     ?pugi*.hpp?) BelongsTo pugixml.hpp 'src/platform/xml/*.cpp' ;;
+    ?gvc.h? | ?cgraph.h?) BelongsTo gvc.h 'src/platform/diagram/*.cpp' ;;
     esac
 }
 

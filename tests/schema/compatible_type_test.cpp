@@ -17,8 +17,9 @@ TEST_F(CompatibleType, ComesFromThePicture) {
         {"9(4)", 5, 4, 0},       {"S9(4)", 4, 4, 0},     {"S9(3)", 5, 3, 0},     {"9(5)", 4, 5, 0},
         {"9(9)", 4, 9, 0},       {"9(10)", 3, 10, 0},    {"s9(3)", 5, 3, 0},     {"9(7)V99", 3, 9, 2},
         {"S9(7)V9(2)", 3, 9, 2}, {"9(3).9(2)", 3, 5, 2}, {"9(29)V99", 3, 31, 2}, {"9(30)V99", 1, 32, 0},
-        {"9(3", 5, 3, 0},        {"9()", 5, 0, 0},       {"9(x)", 5, 0, 0},      {"99", 5, 2, 0},
-        {"Z(3)9", 5, 3, 0},  // the unknown character stands for nothing, its count still for one less
+        {"9(3", 5, 3, 0},        {"9()", 5, 0, 0},       {"9(x)", 5, 0, 0},      {"9(-3)", 5, 0, 0},
+        {"99", 5, 2, 0},         {"Z(3)9", 5, 3, 0},  // the unknown character stands for nothing, its count
+                                                      // still for one less
     };
     for (const auto& c : cases) {
         std::int32_t type = 0, precision = 77, scale = 77;

@@ -60,6 +60,18 @@ class FakeRepository : public host::Repository {
             if (object->Identifier() == identifier) return object;
         throw Error(ErrorKind::Host, "no object " + identifier);
     }
+    std::vector<std::shared_ptr<host::RepositoryObject>> PrepareCollection(const host::RepositoryObject&,
+                                                                           const std::string& type) override {
+        std::vector<std::shared_ptr<host::RepositoryObject>> found;
+        for (const auto& object : objects)
+            if (object->TypeName() == type) found.push_back(object);
+        return found;
+    }
+    std::string TypeNameOf(const std::string& identifier) override {
+        for (const auto& object : objects)
+            if (object->Identifier() == identifier) return object->TypeName();
+        return "";
+    }
     Value Call(std::string_view, CallKind, Arguments&) override { throw Error(ErrorKind::Member, "none"); }
 
     std::shared_ptr<FakeObject> Add(const std::string& type, const std::string& name) {

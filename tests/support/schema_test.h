@@ -67,12 +67,17 @@ class RecordingWindow : public ToolWindow {
     void StartStep(const std::string& act) override { Note("step " + act); }
     void FinishStep(std::int32_t length) override { Note("done " + std::to_string(length)); }
     void FinishProgress() override { Note("finish"); }
+    void ShowErrors(const std::vector<ErrorRow>& rows, const std::string& title) override {
+        errors = rows;
+        Note("errors " + title);
+    }
     void RefreshBrowser() override { Note("refresh"); }
     std::string CVRL() const override { return cvrl_; }
     void SetCVRL(const std::string& value) override { cvrl_ = value; }
 
     std::vector<std::string> notes;
-    bool fails = false;  // every call throws after it was noted
+    std::vector<ErrorRow> errors;  // as shown last
+    bool fails = false;            // every call throws after it was noted
 
   private:
     static std::string Shown(const Value& value) {
@@ -143,8 +148,7 @@ class SchemaTest : public testing::Test {
 
     const DateTime date = *ParseIso("2026-01-31T10:00:00");
     TemporaryFolder folder;
-    std::shared_ptr<FakeFrontend> frontend =
-        std::make_shared<FakeFrontend>(folder.Path(), TESSEL_SHARE);
+    std::shared_ptr<FakeFrontend> frontend = std::make_shared<FakeFrontend>(folder.Path(), TESSEL_SHARE);
     std::shared_ptr<StrictQuestions> questions = std::make_shared<StrictQuestions>();
     std::shared_ptr<RecordingWindow> window = std::make_shared<RecordingWindow>();
     ComponentState state;

@@ -93,6 +93,29 @@ TEST_F(Repository, RelationsKeepTheirOrderAndDirection) {
     EXPECT_TRUE(project->Related("includes").empty());
 }
 
+TEST_F(Repository, AProjectHasItsOwnObjectsAndThoseOfNobody) {
+    Write(FilePath(),
+          "<workspace next='12'><objects><object id='O1' type='PROJECT'/><object id='O3' type='PROJECT'/>"
+          "<object id='O10' type='T'/><object id='O9' type='T'/><object id='O2' type='T'/><object id='O4' "
+          "type='U'/><object id='x' type='T'/><object id='O11' type='T'/></objects><relations><relation "
+          "name='r' from='O3' to='O2'/><relation name='r' from='O3' to='O9'/><relation name='s' from='O1' "
+          "to='O9'/><relation name='s' from='O2' to='x'/></relations></workspace>");
+    auto repository = OpenRepository();
+    const auto objects = [&](const char* project) {
+        std::string found;
+        for (const auto& object : repository.PrepareCollection(*repository.ObjectById(project), "T"))
+            found += object->Identifier() + " ";
+        return found;
+    };
+    EXPECT_EQ(objects("O1"), "O9 O10 O11 x ");
+    EXPECT_EQ(objects("O3"), "O2 O9 O10 O11 x ");
+    EXPECT_EQ(repository.TypeNameOf("O4"), "U");
+    EXPECT_EQ(repository.TypeNameOf("O5"), "");
+    const auto made = Make(repository, "T", "new")->Identifier();
+    EXPECT_EQ(objects("O1"), "O9 O10 O11 " + made + " x ");
+    EXPECT_EQ(OpenRepository().TypeNameOf(made), "T");
+}
+
 TEST_F(Repository, IdentifiersAreNeverUsedAgain) {
     auto repository = OpenRepository();
     const auto dropped = repository.NewObject("TABLE", "A")->Identifier();

@@ -34,7 +34,9 @@ void ReadFields(StatementCache& statements, TableInfo& info) {
     statement.Bind(1, info.name);
     while (statement.Step()) {
         if (ToInt32(statement.Field(2)) > 0) info.identifier = info.fields.size();
-        info.fields.push_back({ToText(statement.Field(0)), DeclaredSize(ToText(statement.Field(1)))});
+        const std::string type = ToText(statement.Field(1));
+        info.fields.push_back(
+            {ToText(statement.Field(0)), DeclaredSize(type), text::LowerAscii(type).starts_with("text")});
     }
     if (info.identifier) info.indexes.push_back({"PrimaryKey", {*info.identifier}});
 }

@@ -15,6 +15,7 @@ struct TableInfo {
     struct Field {
         std::string name;
         int size = 0;  // of text, in characters; 0 for any length
+        bool isText = false;
     };
     struct Index {
         std::string name;

@@ -16,7 +16,7 @@ namespace {
 enum class Clause { Expression, SelectList, Assignments, Ordering };
 
 // The words that begin a clause.
-constexpr std::array<std::pair<std::string_view, Clause>, 8> kClauseWords{{
+constexpr std::array<std::pair<std::string_view, Clause>, 8> clauseWords{{
     {"select", Clause::SelectList},
     {"set", Clause::Assignments},
     {"order", Clause::Ordering},
@@ -27,7 +27,7 @@ constexpr std::array<std::pair<std::string_view, Clause>, 8> kClauseWords{{
     {"limit", Clause::Expression},
 }};
 
-constexpr std::array<std::string_view, 4> kStatements{"select", "insert", "update", "delete"};
+constexpr std::array<std::string_view, 4> statementWords{"select", "insert", "update", "delete"};
 
 bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
@@ -97,7 +97,7 @@ class Scanner {
     void CheckStatement() {
         const std::string word = PeekWord();
         isDelete_ = word == "delete";
-        if (std::find(kStatements.begin(), kStatements.end(), word) == kStatements.end())
+        if (std::find(statementWords.begin(), statementWords.end(), word) == statementWords.end())
             Refuse("only select, insert, update and delete are statements here");
     }
 
@@ -225,7 +225,7 @@ class Scanner {
     }
 
     void EnterClause(std::string_view word) {
-        for (const auto& [name, clause] : kClauseWords)
+        for (const auto& [name, clause] : clauseWords)
             if (word == name) clauses_.back() = clause;
     }
 

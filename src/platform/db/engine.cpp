@@ -12,13 +12,13 @@
 namespace tessel::db {
 namespace {
 
-constexpr int kLongestText = 64 * 1024 * 1024;  // bytes of a text, a row or a statement
+constexpr int longestText = 64 * 1024 * 1024;  // bytes of a text, a row or a statement
 
 void Configure(sqlite3* connection, std::chrono::milliseconds busyWait) {
     sqlite3_extended_result_codes(connection, 1);
     sqlite3_busy_timeout(connection, static_cast<int>(busyWait.count()));
-    sqlite3_limit(connection, SQLITE_LIMIT_LENGTH, kLongestText);
-    sqlite3_limit(connection, SQLITE_LIMIT_SQL_LENGTH, kLongestText);
+    sqlite3_limit(connection, SQLITE_LIMIT_LENGTH, longestText);
+    sqlite3_limit(connection, SQLITE_LIMIT_SQL_LENGTH, longestText);
     sqlite3_limit(connection, SQLITE_LIMIT_ATTACHED, 0);
     sqlite3_db_config(connection, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
     sqlite3_db_config(connection, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
@@ -40,7 +40,8 @@ Connection Connect(const std::string& path, std::chrono::milliseconds busyWait) 
     sqlite3* opened = nullptr;
     // An absolute path never reads as a URI or as one of the engine's special names.
     const std::string absolute = std::filesystem::absolute(path).string();
-    const int code = sqlite3_open_v2(absolute.c_str(), &opened, SQLITE_OPEN_READWRITE, nullptr);
+    const int code =
+        sqlite3_open_v2(absolute.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     Connection connection(opened);
     if (code != SQLITE_OK) ThrowLastError(opened, {});
     Configure(opened, busyWait);

@@ -40,8 +40,8 @@ struct Database::Engine {
     // An identifier that no row of the table has had, nor will get.
     [[nodiscard]] std::int32_t ReserveIdentifier(const std::string& table);
 
-    [[nodiscard]] Value LastIdentifier(
-        const std::string& table);  // as stored; Null when nothing is stored of it
+    // As stored; Null when nothing is stored of the table.
+    [[nodiscard]] Value LastIdentifier(const std::string& table);
 
     // Begins, ends or undoes a transaction.
     void Control(const std::string& sql);

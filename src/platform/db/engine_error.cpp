@@ -8,7 +8,7 @@
 namespace tessel::db {
 namespace {
 
-constexpr std::array<std::pair<int, ErrorKind>, 10> kKinds{{
+constexpr std::array<std::pair<int, ErrorKind>, 10> kindsByCode{{
     {SQLITE_BUSY, ErrorKind::Busy},
     {SQLITE_LOCKED, ErrorKind::Busy},
     {SQLITE_CONSTRAINT, ErrorKind::Constraint},
@@ -21,7 +21,7 @@ constexpr std::array<std::pair<int, ErrorKind>, 10> kKinds{{
     {SQLITE_CANTOPEN, ErrorKind::ReadOnly},
 }};
 
-constexpr std::array<std::pair<ErrorKind, std::string_view>, 5> kAdvice{{
+constexpr std::array<std::pair<ErrorKind, std::string_view>, 5> adviceByKind{{
     {ErrorKind::Busy, "another program is using it, so try again when that program is done"},
     {ErrorKind::Damaged, "restore it from a backup"},
     {ErrorKind::ReadOnly, "make the file and its folder writable"},
@@ -33,13 +33,13 @@ constexpr std::array<std::pair<ErrorKind, std::string_view>, 5> kAdvice{{
 
 ErrorKind KindOfCode(int code) {
     constexpr int primaryCode = 0xff;
-    for (const auto& [value, kind] : kKinds)
+    for (const auto& [value, kind] : kindsByCode)
         if (value == (code & primaryCode)) return kind;
     return ErrorKind::Sql;
 }
 
 std::string_view AdviceFor(ErrorKind kind) {
-    for (const auto& [value, advice] : kAdvice)
+    for (const auto& [value, advice] : adviceByKind)
         if (value == kind) return advice;
     return {};
 }

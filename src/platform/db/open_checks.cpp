@@ -15,34 +15,44 @@
 namespace tessel::db {
 namespace {
 
-constexpr std::uint32_t kApplicationId = 0x5453534C;
-constexpr std::uint32_t kVersion = 1;
+constexpr std::uint32_t applicationId = 0x5453534C;
+constexpr std::uint32_t currentVersion = 1;
 
 // The parts of the file's header that tell what it is.
-constexpr std::size_t kHeaderSize = 100;
-constexpr std::size_t kVersionAt = 60;
-constexpr std::size_t kApplicationIdAt = 68;
-constexpr std::string_view kMark{"SQLite format 3\0", 16};
-constexpr std::string_view kJetMark = "Standard Jet DB";
-constexpr std::size_t kJetMarkAt = 4;
+constexpr std::size_t headerSize = 100;
+constexpr std::size_t versionAt = 60;
+constexpr std::size_t applicationIdAt = 68;
+constexpr std::string_view fileMark{"SQLite format 3\0", 16};
+constexpr std::string_view jetMark = "Standard Jet DB";
+constexpr std::size_t jetMarkAt = 4;
 
 [[noreturn]] void Refuse(ErrorKind kind, const std::string& path, std::string_view reason) {
     throw DatabaseError(kind, "The database \"" + path + "\" cannot be opened: " + std::string(reason) + ".");
 }
 
-// Read through the engine's own handle: closing another one would give up the locks that this process holds
-// on the file.
-std::string ReadHeader(sqlite3* connection, const std::string& path) {
+// The engine's own handle: closing another one would give up the locks that this process holds on the file.
+sqlite3_file* FileOf(sqlite3* connection) {
     sqlite3_file* file = nullptr;
     sqlite3_file_control(connection, "main", SQLITE_FCNTL_FILE_POINTER, &file);
+    return file;
+}
+
+sqlite3_int64 FileSize(sqlite3* connection, const std::string& path) {
+    sqlite3_file* const file = FileOf(connection);
     sqlite3_int64 size = 0;
-    std::string header(kHeaderSize, '\0');
     if (!file || file->pMethods->xFileSize(file, &size) != SQLITE_OK)
         Refuse(ErrorKind::Io, path, "it cannot be read");
-    const int code = file->pMethods->xRead(file, header.data(), static_cast<int>(kHeaderSize), 0);
+    return size;
+}
+
+std::string ReadHeader(sqlite3* connection, const std::string& path) {
+    const sqlite3_int64 size = FileSize(connection, path);
+    sqlite3_file* const file = FileOf(connection);
+    std::string header(headerSize, '\0');
+    const int code = file->pMethods->xRead(file, header.data(), static_cast<int>(headerSize), 0);
     if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
         Refuse(ErrorKind::Io, path, "it cannot be read");
-    header.resize(static_cast<std::size_t>(std::min<sqlite3_int64>(size, kHeaderSize)));
+    header.resize(static_cast<std::size_t>(std::min<sqlite3_int64>(size, headerSize)));
     return header;
 }
 
@@ -50,6 +60,29 @@ std::uint32_t NumberAt(const std::string& header, std::size_t offset) {
     std::uint32_t number = 0;
     for (std::size_t i = 0; i < 4; ++i) number = number << 8 | static_cast<unsigned char>(header[offset + i]);
     return number;
+}
+
+// The first field of the first row; Null when there is none.
+Value Answer(StatementCache& statements, std::string_view sql) {
+    Statement statement(statements, sql, sql);
+    return statement.Step() ? statement.Field(0) : Null();
+}
+
+// The engine refuses a file that lacks whole pages, but reads a last page that is cut off as if zeros
+// followed.
+bool EndsWithinAPage(StatementCache& statements, const std::string& path) {
+    return FileSize(statements.Connection(), path) % ToInt32(Answer(statements, "pragma page_size")) != 0;
+}
+
+// Whether every table is there, and the two engine indexes that rows are sought by.
+bool HasParts(StatementCache& statements) {
+    return Answer(statements,
+                  "select count(*) from sqlite_schema where type in ('table','index') and "
+                  "(tbl_name || '.' || name) collate nocase in ("
+                  "'Tables.Tables','Columns.Columns','Indices.Indices','IndexColumns.IndexColumns',"
+                  "'ForeignKeys.ForeignKeys','ForeignKeyColumns.ForeignKeyColumns','SQLTypes.SQLTypes',"
+                  "'ProjectSettings.ProjectSettings','Errors.Errors',"
+                  "'Tables.TableName','Columns.TableIDColName')") == Value(11);
 }
 
 [[noreturn]] void RefuseUnwritableFile(ErrorKind kind, const std::string& path, sqlite3* connection) {
@@ -71,32 +104,29 @@ void RefuseMissingFile(const std::string& path) {
 void RefuseForeignHeader(sqlite3* connection, const std::string& path) {
     const std::string header = ReadHeader(connection, path);
     if (header.empty()) Refuse(ErrorKind::Empty, path, "the file is empty; restore it from a backup");
-    if (header.size() > kJetMarkAt && header.substr(kJetMarkAt).starts_with(kJetMark))
+    if (header.size() > jetMarkAt && header.substr(jetMarkAt).starts_with(jetMark))
         Refuse(ErrorKind::Jet, path,
                "it is in the Jet engine's format, which cannot be read; make the schema anew");
-    if (!header.starts_with(kMark))
+    if (!header.starts_with(fileMark))
         Refuse(ErrorKind::NotADatabase, path, "the file is no database; choose another");
-    if (header.size() < kHeaderSize)
+    if (header.size() < headerSize)
         Refuse(ErrorKind::Damaged, path, "the file is cut off; restore it from a backup");
-    if (NumberAt(header, kApplicationIdAt) != kApplicationId)
+    if (NumberAt(header, applicationIdAt) != applicationId)
         Refuse(ErrorKind::Foreign, path, "it is a database, but not a schema database; choose another");
-    if (NumberAt(header, kVersionAt) > kVersion)
+    if (NumberAt(header, versionAt) > currentVersion)
         Refuse(ErrorKind::Newer, path, "a newer version of this program wrote it; update the program");
 }
 
 void RefuseDamagedContent(sqlite3* connection, const std::string& path) {
     StatementCache statements(connection);
-    constexpr std::string_view check = "pragma quick_check(1)";
-    Statement checked(statements, check, check);
-    if (!checked.Step() || checked.Field(0) != Value("ok"))
+    // Within one transaction a journal has been played back, and no other process changes the file.
+    Answer(statements, "begin");
+    if (Answer(statements, "pragma quick_check(1)") != Value("ok") || EndsWithinAPage(statements, path))
         Refuse(ErrorKind::Damaged, path, "the file is damaged; restore it from a backup");
-    constexpr std::string_view tables =
-        "select count(*) from sqlite_schema where type='table' and name collate nocase in "
-        "('Tables','Columns',"
-        "'Indices','IndexColumns','ForeignKeys','ForeignKeyColumns','SQLTypes','ProjectSettings','Errors')";
-    Statement counted(statements, tables, tables);
-    if (!counted.Step() || counted.Field(0) != Value(9))
-        Refuse(ErrorKind::Foreign, path, "it lacks tables of a schema database; restore it from a backup");
+    if (!HasParts(statements))
+        Refuse(ErrorKind::Foreign, path,
+               "it lacks tables or indexes of a schema database; restore it from a backup");
+    Answer(statements, "commit");
 }
 
 void RefuseUnwritable(sqlite3* connection, const std::string& path) {

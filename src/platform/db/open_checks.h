@@ -13,7 +13,7 @@ void RefuseMissingFile(const std::string& path);
 // Empty, Jet, NotADatabase, Foreign, Newer, by the first bytes of the file.
 void RefuseForeignHeader(sqlite3* connection, const std::string& path);
 
-// Damaged, NotADatabase, Foreign, by what is stored in it.
+// Damaged, NotADatabase, Foreign, by what is stored in it. Fields are not looked at.
 void RefuseDamagedContent(sqlite3* connection, const std::string& path);
 
 // ReadOnly, Busy, Full, Io.

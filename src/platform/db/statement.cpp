@@ -11,7 +11,7 @@
 namespace tessel::db {
 namespace {
 
-constexpr std::size_t kKept = 64;
+constexpr std::size_t mostKept = 64;
 
 int BindValue(sqlite3_stmt* statement, int parameter, const Value& value) {
     return std::visit(
@@ -77,7 +77,7 @@ void StatementCache::GiveBack(std::list<Prepared> prepared) {
     sqlite3_clear_bindings(statement);
     if (!byText_.emplace(prepared.front().text, prepared.begin()).second) return;
     free_.splice(free_.begin(), prepared);
-    if (free_.size() <= kKept) return;
+    if (free_.size() <= mostKept) return;
     byText_.erase(free_.back().text);
     free_.pop_back();
 }
@@ -133,6 +133,8 @@ const std::shared_ptr<const std::vector<std::string>>& Statement::Fields() {
 
 void Statement::AppendRow(std::vector<Value>& values) const {
     const int count = sqlite3_column_count(statement_);
+    if (values.capacity() - values.size() < std::size_t(count))
+        values.reserve(2 * values.size() + 8 * std::size_t(count));
     for (int i = 0; i < count; ++i) values.push_back(Field(i));
 }
 

@@ -22,8 +22,8 @@ struct StatementDeleter {
 struct Prepared {
     std::string text;
     std::unique_ptr<sqlite3_stmt, StatementDeleter> statement;
-    std::shared_ptr<const std::vector<std::string>>
-        fields;  // the names of its result, once they were asked for
+    // The names of its result, once they were asked for.
+    std::shared_ptr<const std::vector<std::string>> fields;
 };
 
 // The prepared statements of a connection by their text. The 64 that were used last are kept.

@@ -3,6 +3,7 @@
 #include <type_traits>
 #include <variant>
 
+#include "platform/component/convert.h"
 #include "platform/db/table_set_state.h"
 #include "platform/text/utf8.h"
 
@@ -14,18 +15,19 @@ namespace {
                         "The record set on the table " + table.name + " has no " + reason + ".");
 }
 
-// The value as the engine stores it.
-Value StoredForm(const Value& value, const std::string& place) {
+// The value as the engine stores it in the field.
+Value StoredForm(const Value& value, const TableInfo::Field& field, const std::string& place) {
     return std::visit(
         [&](const auto& content) -> Value {
             using T = std::decay_t<decltype(content)>;
-            if constexpr (std::is_same_v<T, bool> || std::is_same_v<T, std::int16_t>) {
-                return std::int32_t{content};
-            } else if constexpr (std::is_same_v<T, DateTime>) {
-                return FormatIso(content);
-            } else if constexpr (std::is_same_v<T, Null> || std::is_same_v<T, std::int32_t> ||
-                                 std::is_same_v<T, double> || std::is_same_v<T, std::string>) {
+            if constexpr (std::is_same_v<T, Null> || std::is_same_v<T, std::string>) {
                 return content;
+            } else if constexpr (std::is_same_v<T, DateTime>) {
+                return ToText(content);
+            } else if constexpr (std::is_arithmetic_v<T>) {
+                if (field.isText) return ToText(content);
+                if constexpr (std::is_same_v<T, double>) return content;
+                return static_cast<std::int32_t>(content);
             } else {
                 throw DatabaseError(ErrorKind::Argument, "The field " + place +
                                                              " takes a text, a number, a Boolean, a "
@@ -126,9 +128,9 @@ bool TableSet::Seek(std::initializer_list<Value> values) {
     std::string order;
     std::vector<Value> sought;
     for (const Value& value : values) {
-        const std::string& field = table.fields[state_->index->fields[sought.size()]].name;
-        condition += (sought.empty() ? "" : " and ") + Quoted(field) + "=?";
-        sought.push_back(StoredForm(value, table.name + "." + field));
+        const TableInfo::Field& field = table.fields[state_->index->fields[sought.size()]];
+        condition += (sought.empty() ? "" : " and ") + Quoted(field.name) + "=?";
+        sought.push_back(StoredForm(value, field, table.name + "." + field.name));
     }
     for (const std::size_t field : state_->index->fields)
         order += (order.empty() ? "" : ",") + Quoted(table.fields[field].name);
@@ -157,7 +159,7 @@ void TableSet::Set(std::string_view field, const Value& value) {
     const std::size_t position = state_->table->FieldPosition(field);
     const TableInfo::Field& info = state_->table->fields[position];
     const std::string place = state_->table->name + "." + info.name;
-    Value stored = StoredForm(value, place);
+    Value stored = StoredForm(value, info, place);
     if (const auto* text = stored.As<std::string>()) CheckText(*text, info.size, place);
     state_->changes[position] = std::move(stored);
 }

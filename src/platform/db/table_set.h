@@ -35,15 +35,15 @@ class TableSet {
     // Begins to change the current row.
     void Edit();
 
-    // Sets a field of the pending row: Booleans become 0 and 1, dates ISO text. Text that is longer than the
-    // field's declared size, no UTF-8 or holds a NUL throws ErrorKind::Constraint; Missing, objects and
-    // collections Argument.
+    // Sets a field of the pending row: dates become ISO text, Booleans 0 and 1; in a text field Booleans and
+    // numbers become what ToText gives. Text that is longer than the field's declared size, no UTF-8 or holds
+    // a NUL throws ErrorKind::Constraint; Missing, objects and collections Argument.
     void Set(std::string_view field, const Value& value);
     // A field of the pending row, or else of the current one. A new row's unset fields read as Null.
     [[nodiscard]] Value Get(std::string_view field) const;
 
-    void
-    Save();  // stores the pending row; a row that breaks a rule of its table throws ErrorKind::Constraint
+    // Stores the pending row; one that breaks a rule of its table throws ErrorKind::Constraint.
+    void Save();
     void Cancel();  // gives the pending row up; nothing when there is none
 
     // The declared size of a text field in characters; 0 when it may be any length.

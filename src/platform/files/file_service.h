@@ -4,7 +4,6 @@
 #include <string_view>
 
 // Files and folders by full path. A path may be written with '\' or '/' between its parts, also mixed; a part
-// named
 // ".." and a NUL are refused, so that no name leads out of its folder. Failures throw ErrorKind::File (Full
 // and ReadOnly where that is the cause), saying the path.
 namespace tessel::files {
@@ -20,6 +19,10 @@ void CreateFolder(std::string_view path);
 
 // Copies a file, in place of an earlier one. A crash or a full disk leaves the old file or the whole new one.
 void CopyFile(std::string_view from, std::string_view to);
+
+// Copies a file to a path where nothing is yet; false, leaving what is there, when something is. Of several
+// programs that do so at once exactly one gets true. A crash or a full disk leaves nothing or the whole file.
+bool PlaceNewFile(std::string_view from, std::string_view to);
 
 // Deletes the folder with everything in it; nothing when it is not there.
 void DeleteFolder(std::string_view path);

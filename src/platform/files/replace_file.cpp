@@ -3,6 +3,8 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
+#include <cstdio>
 #include <filesystem>
 #include <optional>
 
@@ -42,6 +44,24 @@ std::optional<struct stat> Earlier(const fs::path& target) {
     return status;
 }
 
+constexpr std::string_view temporaryPrefix = ".tessel-";
+
+// What nobody has written to for a day was left behind by a process that was killed.
+void RemoveAbandoned(const fs::path& folder) {
+    const auto dayAgo = fs::file_time_type::clock::now() - std::chrono::hours(24);
+    std::error_code fault;
+    for (fs::directory_iterator entry(folder, fault), end; !fault && entry != end; entry.increment(fault)) {
+        if (!entry->path().filename().string().starts_with(temporaryPrefix)) continue;
+        std::error_code passedOver;
+        const auto written = entry->last_write_time(passedOver);
+        if (!passedOver && written < dayAgo) unlink(entry->path().c_str());
+    }
+}
+
+fs::path FolderOf(const fs::path& target) {
+    return target.has_parent_path() ? target.parent_path() : fs::path(".");
+}
+
 // The new content beside the target, gone in the end unless it took the target's place.
 class TemporaryFile {
   public:
@@ -67,13 +87,25 @@ class TemporaryFile {
         path_.clear();
     }
 
+    // False when something is at the target already.
+    [[nodiscard]] bool TakeFreePlace() {
+        if (renameat2(AT_FDCWD, path_.c_str(), AT_FDCWD, target_.c_str(), RENAME_NOREPLACE) == 0) {
+            path_.clear();
+            return true;
+        }
+        // Network file systems know no such renaming, but links.
+        if (errno == EINVAL && link(path_.c_str(), target_.c_str()) == 0) return true;
+        if (errno != EEXIST) Fail(target_, errno);
+        return false;
+    }
+
   private:
-    // A name of its own is tried anew until it is free: an earlier process may have left one behind in a
-    // crash.
+    // A name of its own is tried anew until it is free: a killed process may have left one behind.
     Descriptor Make() {
+        RemoveAbandoned(FolderOf(target_));
         for (int count = 0;; ++count) {
-            const auto name = ".tessel-" + std::to_string(getpid()) + "-" + std::to_string(count);
-            const auto path = target_.parent_path() / name;
+            auto path = target_.parent_path() / temporaryPrefix;
+            path += std::to_string(getpid()) + "-" + std::to_string(count);
             Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
             if (!file.IsOpen() && errno == EEXIST) continue;
             if (!file.IsOpen()) Fail(target_, errno);
@@ -89,8 +121,7 @@ class TemporaryFile {
 
 // Makes the renaming last; some file systems know no such thing and say EINVAL.
 void SyncFolder(const fs::path& target) {
-    const auto folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-    const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const Descriptor opened(open(FolderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
     if (!opened.IsOpen() || (fsync(opened.Number()) != 0 && errno != EINVAL)) Fail(target, errno);
 }
 
@@ -104,6 +135,16 @@ void ReplaceFile(std::string_view path, std::string_view content) {
     file.Write(content);
     file.TakePlace();
     SyncFolder(target);
+}
+
+bool PlaceNewFile(std::string_view from, std::string_view to) {
+    const auto target = FollowLinks(NativePath(to));
+    const auto content = ReadFile(from);
+    TemporaryFile file(target);
+    file.Write(content);
+    if (!file.TakeFreePlace()) return false;
+    SyncFolder(target);
+    return true;
 }
 
 }  // namespace tessel::files

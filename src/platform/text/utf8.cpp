@@ -55,6 +55,9 @@ char LowerLetter(char letter) {
 }  // namespace
 
 bool IsValidUtf8(std::string_view text) {
+    const auto ascii =
+        std::find_if(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
+    text.remove_prefix(std::size_t(ascii - text.begin()));
     while (!text.empty()) {
         const auto step = FirstCharacter(text);
         if (!step.valid) return false;

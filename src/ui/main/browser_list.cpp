@@ -3,13 +3,12 @@
 #include <algorithm>
 
 #include "platform/text/utf8.h"
+#include "schema/object_keys.h"
 #include "schema/sql_text.h"
 
 namespace tessel {
 
 namespace {
-
-std::string TableKey(std::int32_t tabID) { return "t" + std::to_string(tabID); }
 
 std::string OneLine(const Value& comments) { return FlattenText(NullToText(comments)); }
 

@@ -35,6 +35,8 @@ class frmMain : public QMainWindow, public ToolWindow {
     void FinishStep(std::int32_t) override {}
     void FinishProgress() override;
 
+    void ShowErrors(const std::vector<ErrorRow>&, const std::string&) override {}
+
     // The selected table stays selected, if it is still there.
     void RefreshBrowser() override;
 

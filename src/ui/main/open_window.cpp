@@ -7,7 +7,6 @@
 
 #include "engine/queued_questions.h"
 #include "engine/tessel_engine.h"
-#include "schema/sql_text.h"
 #include "ui/main/application.h"
 #include "ui/main/frm_main.h"
 #include "ui/main/qt_questions.h"
@@ -42,8 +41,7 @@ std::shared_ptr<frmMain> Start(ComponentState& state, const std::shared_ptr<host
 }
 
 void PrintAsked(QueuedQuestions& questions) {
-    for (const auto& asked : questions.TakeAsked())
-        std::cerr << "tessel: " << FlattenText(asked.text + " " + asked.detail) << '\n';
+    for (const auto& asked : questions.TakeAsked()) std::cerr << "tessel: " << OneLine(asked) << '\n';
 }
 
 bool Write(const QImage& image, const std::string& path) {

@@ -53,10 +53,15 @@ TEST_F(DatabaseTest, ErrorsTellTheStatementAsItWasWritten) {
         {"delete from Tables where \"Misspelt\" = 1", ErrorKind::Sql},
         {"select TabID from Tables", ErrorKind::Sql},
         {"update Indices set Unique = 5", ErrorKind::Constraint},
+        {"update ForeignKeys set HowDelete = 'X'", ErrorKind::Constraint},
+        {"update IndexColumns set Direction = 'X'", ErrorKind::Constraint},
         {"insert into Columns (TabID,ColumnName,Position,TypeID) values (1,'x','first',1)",
          ErrorKind::Constraint},
     };
     database->Execute("insert into Indices (TabID,IndexName) values (1,'i')");
+    database->Execute("insert into ForeignKeys (TabID,RefTabId,KeyName,HowDelete) values (1,1,'k','C')");
+    for (const char* const direction : {"'A'", "'D'", "null"})
+        database->Execute("insert into IndexColumns values (1,1,1," + std::string(direction) + ",null)");
     for (const auto& [sql, kind] : failures)
         EXPECT_EQ(KindName(KindThrown([&] { database->Execute(sql); })), KindName(kind)) << sql;
     EXPECT_EQ(KindThrown([&] { static_cast<void>(database->Select("delete from Tables returning TabID")); }),

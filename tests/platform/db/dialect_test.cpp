@@ -8,7 +8,7 @@
 namespace tessel::db {
 namespace {
 
-const std::filesystem::path kCases = TESSEL_TEST_DATA "/dialect";
+const std::filesystem::path caseFolder = TESSEL_TEST_DATA "/dialect";
 
 std::vector<std::string> LinesOf(const std::filesystem::path& file) {
     std::vector<std::string> lines;
@@ -36,9 +36,9 @@ class DialectCases : public TemporaryDatabase, public testing::WithParamInterfac
 
 TEST_P(DialectCases, Run) {
     const auto database = Open();
-    for (const std::string& line : LinesOf(kCases / "setup.txt"))
+    for (const std::string& line : LinesOf(caseFolder / "setup.txt"))
         ASSERT_EQ(database->Execute(line), 1) << line;
-    const std::vector<std::string> lines = LinesOf(kCases / GetParam());
+    const std::vector<std::string> lines = LinesOf(caseFolder / GetParam());
     for (std::size_t i = 0; i < lines.size(); ++i) {
         SCOPED_TRACE(lines[i]);
         if (lines[i].empty()) continue;

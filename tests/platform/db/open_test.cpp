@@ -4,6 +4,7 @@
 #include <functional>
 
 #include "platform/db/temporary_database.h"
+#include "support/child_process.h"
 
 namespace tessel::db {
 namespace {
@@ -42,6 +43,9 @@ TEST_F(OpenTest, Refusals) {
          }},
         {ErrorKind::Damaged, [&](const path& file) { Write(file, good.substr(0, 50)); }},
         {ErrorKind::Damaged, [&](const path& file) { Write(file, good.substr(0, good.size() / 2)); }},
+        {ErrorKind::Damaged, [&](const path& file) { Write(file, good.substr(0, good.size() - 4096)); }},
+        {ErrorKind::Damaged, [&](const path& file) { Write(file, good.substr(0, good.size() - 1)); }},
+        {ErrorKind::Damaged, [&](const path& file) { Write(file, good + "x"); }},
         {ErrorKind::Damaged,
          [&](const path& file) { Write(file, std::string(good).replace(4096 * 2, 4096, 4096, 'x')); }},
         {ErrorKind::Foreign, [](const path& file) { Prepare(file, "pragma application_id=7"); }},
@@ -51,6 +55,8 @@ TEST_F(OpenTest, Refusals) {
              Prepare(file, "pragma journal_mode=wal; create table Tables (x)");
          }},
         {ErrorKind::Foreign, [](const path& file) { Prepare(file, "drop table Errors"); }},
+        {ErrorKind::Foreign, [](const path& file) { Prepare(file, "drop index TableName"); }},
+        {ErrorKind::Foreign, [](const path& file) { Prepare(file, "drop index TableIDColName"); }},
         {ErrorKind::Newer,
          [](const path& file) { Prepare(file, "pragma user_version=2; drop table Errors"); }},
     };
@@ -68,6 +74,25 @@ TEST_F(OpenTest, Refusals) {
         }
         EXPECT_EQ(FolderContent(), before) << KindName(refused.kind);
     }
+}
+
+TEST_F(OpenTest, TheFieldForOriginsMayBeMissing) {
+    Prepare(path_, "alter table Tables drop column CVRL; alter table Columns drop column CVRL");
+    EXPECT_EQ(Count(*Open(), "SQLTypes"), 19);
+}
+
+TEST_F(OpenTest, WhatAKilledProgramLeftHalfDoneIsNoDamage) {
+    const auto size = std::filesystem::file_size(path_);
+    ASSERT_TRUE(HoldsInChild([&]() -> bool {
+        const auto database = Open();
+        const Transaction killed(*database);
+        const std::string large(5'000'000, 'x');
+        database->Execute("insert into ProjectSettings(PropName,PropValue) values('a','" + large + "')");
+        _exit(0);
+    }));
+    ASSERT_GT(std::filesystem::file_size(path_), size);
+    std::ofstream(path_, std::ios::app) << "half a page";
+    EXPECT_EQ(Count(*Open(), "ProjectSettings"), 0);
 }
 
 TEST_F(OpenTest, BusyWhileAnotherWrites) {
@@ -102,14 +127,15 @@ TEST_F(OpenTest, ReadOnlyFileOrFolder) {
     }
 }
 
-TEST_F(OpenTest, LeavesOneFileBehind) {
+TEST_F(OpenTest, KeepsItsJournalOnlyWhileOpen) {
     {
         const auto database = Open();
         EXPECT_EQ(database->Path(), path_.string());
         database->Execute("insert into ProjectSettings(PropName,PropValue) values('a','b')");
+        EXPECT_EQ(folder_.Names(), (std::set<std::string>{"DBSchema.mdb", "DBSchema.mdb-journal"}));
+        EXPECT_GT(std::filesystem::file_size(path_.string() + "-journal"), 0U);
     }
-    const auto entries = std::filesystem::directory_iterator(folder_.Path());
-    EXPECT_EQ(std::distance(begin(entries), end(entries)), 1);
+    EXPECT_EQ(folder_.Names(), std::set<std::string>{"DBSchema.mdb"});
     EXPECT_EQ(Count(*Open(), "ProjectSettings"), 1);
 }
 

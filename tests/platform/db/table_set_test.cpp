@@ -114,6 +114,22 @@ TEST_F(TableSetTest, TwoFieldsAndDefaults) {
     EXPECT_EQ(KindThrown([&] { pairs.SetIndex("PrimaryKey"); }), ErrorKind::Sql) << "it has no identifier";
 }
 
+TEST_F(TableSetTest, TextFieldsTakeOtherValuesAsText) {
+    const std::vector<std::pair<Value, std::string>> cases{
+        {true, "True"},         {false, "False"}, {std::int16_t{-7}, "-7"},
+        {std::int32_t{7}, "7"}, {2.0, "2"},       {DateTime{0}, "1970-01-01T00:00:00"},
+    };
+    TableSet tables = database_->OpenTable("Tables");
+    tables.SetIndex("TableName");
+    for (const auto& [value, text] : cases) {
+        tables.AddNew();
+        tables.Set("TableName", value);
+        tables.Save();
+        EXPECT_EQ(Count(*database_, "Tables where TableName='" + text + "'"), 1) << text;
+        EXPECT_TRUE(tables.Seek({value})) << text;
+    }
+}
+
 // Within ASCII names compare without regard to case, outside it exactly.
 TEST_F(TableSetTest, NamesAreUnique) {
     Add(*database_, "Customer");

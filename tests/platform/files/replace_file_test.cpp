@@ -2,6 +2,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <chrono>
 #include <functional>
 #include <optional>
 
@@ -77,6 +78,32 @@ TEST(ReplaceFile, FollowsLinks) {
     EXPECT_EQ(KindThrown([&] { ReplaceFile((folder / "loop"), ""); }), ErrorKind::File);
 }
 
+TEST(PlaceNewFile, CopiesOnlyToWhereNothingIs) {
+    const TemporaryFolder folder;
+    Write((folder / "file"), "first");
+    Write((folder / "other"), "second");
+    CreateFolder((folder / "folder"));
+    EXPECT_TRUE(PlaceNewFile((folder / "file"), folder.Path() + "\\new"));
+    EXPECT_EQ(Content((folder / "new")), "first");
+    for (const auto* taken : {"new", "folder"})
+        EXPECT_FALSE(PlaceNewFile((folder / "other"), (folder / taken)));
+    EXPECT_EQ(Content((folder / "new")), "first");
+    EXPECT_EQ(KindThrown([&] { PlaceNewFile((folder / "none"), (folder / "n")); }), ErrorKind::File);
+    EXPECT_EQ(folder.Names(), (std::set<std::string>{"file", "folder", "new", "other"}));
+}
+
+TEST(ReplaceFile, RemovesWhatKilledProgramsLeftLongAgo) {
+    const TemporaryFolder folder;
+    const auto longAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(25);
+    for (const auto* name : {".tessel-1-0", "old"}) {
+        Write((folder / name), "x");
+        std::filesystem::last_write_time((folder / name), longAgo);
+    }
+    Write((folder / ".tessel-2-0"), "x");
+    ReplaceFile((folder / "file"), "new");
+    EXPECT_EQ(folder.Names(), (std::set<std::string>{".tessel-2-0", "file", "old"}));
+}
+
 TEST(ReplaceFile, AFullDiskLeavesTheOldFileAlone) {
     const TemporaryFolder folder;
     Write((folder / "file"), "old");
@@ -84,6 +111,7 @@ TEST(ReplaceFile, AFullDiskLeavesTheOldFileAlone) {
     EXPECT_TRUE(FailsWhenFull([&] { ReplaceFile((folder / "file"), std::string(5000, 'x')); }));
     EXPECT_TRUE(FailsWhenFull([&] { CopyFile((folder / "large"), (folder / "file")); }));
     EXPECT_TRUE(FailsWhenFull([&] { CopyFile((folder / "large"), (folder / "none")); }));
+    EXPECT_TRUE(FailsWhenFull([&] { PlaceNewFile((folder / "large"), (folder / "none")); }));
     EXPECT_EQ(Content((folder / "file")), "old");
     EXPECT_EQ(folder.Names(), (std::set<std::string>{"file", "large"}));
 }

@@ -70,8 +70,7 @@ class WindowTest : public testing::Test {
 
     TemporaryFolder folder;
     Environment environment{{"XDG_CONFIG_HOME", folder / "config"}};
-    std::shared_ptr<FakeFrontend> frontend =
-        std::make_shared<FakeFrontend>(folder.Path(), TESSEL_SHARE);
+    std::shared_ptr<FakeFrontend> frontend = std::make_shared<FakeFrontend>(folder.Path(), TESSEL_SHARE);
     ComponentState state;
 };
 

@@ -1,0 +1,122 @@
+// Measures the verification of generated schemas against the least that it could take: bench_verify
+// [TABLES...]
+
+#include <fmt/format.h>
+#include <sys/resource.h>
+
+#include <algorithm>
+#include <chrono>
+#include <filesystem>
+#include <limits>
+
+#include "engine/tessel_engine.h"
+#include "generate_schema.h"
+#include "schema/project_settings.h"
+#include "verify/db_check.h"
+#include "verify_bound.h"
+#include "workbench/stand_alone_frontend.h"
+
+namespace {
+
+using namespace tessel;
+
+constexpr int rounds = 5;
+
+class Folder {
+  public:
+    Folder() {
+        std::string pattern = (std::filesystem::temp_directory_path() / "bench-XXXXXX").string();
+        path_ = mkdtemp(pattern.data());
+    }
+    ~Folder() { std::filesystem::remove_all(path_); }
+    Folder(const Folder&) = delete;
+    Folder& operator=(const Folder&) = delete;
+
+    [[nodiscard]] std::string operator/(const std::string& name) const { return path_ + "/" + name; }
+
+  private:
+    std::string path_;
+};
+
+// A project whose database holds a generated schema.
+void Open(ComponentState& state, const std::string& workspace, int tables) {
+    auto folder = workbench::WorkspaceFolder::Create(workspace, "Main");
+    const std::string schemas = workspace + "/Projects/Main/DBSCHEMA";
+    std::filesystem::create_directory(schemas);
+    bench::GenerateSchema(TESSEL_SHARE, schemas + "/Main.mdb", tables);
+    auto frontend =
+        std::make_shared<workbench::StandAloneFrontend>(std::move(folder), "Main", std::string(TESSEL_SHARE));
+    if (TesselEngine(state).Run(frontend, Missing{}, Missing{}) != 0)
+        throw std::runtime_error("The generated schema does not open.");
+}
+
+template <typename Action>
+double Seconds(Action&& action) {
+    const auto start = std::chrono::steady_clock::now();
+    action();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+double PeakMegabytes() {
+    rusage usage{};
+    getrusage(RUSAGE_SELF, &usage);
+    return static_cast<double>(usage.ru_maxrss) / 1024;
+}
+
+struct Figures {
+    double verification = std::numeric_limits<double>::infinity();  // seconds, the best of all rounds
+    double bound = std::numeric_limits<double>::infinity();
+    double peak = 0;  // megabytes
+    std::size_t findings = 0;
+};
+
+void RunRound(ComponentState& state, Figures& figures) {
+    RemoveVerifiedMark(state.Database());
+    figures.verification =
+        std::min(figures.verification, Seconds([&] { DBCheck(state).VerifySchema(true); }));
+    if (figures.peak == 0) figures.peak = PeakMegabytes();
+    int counted = 0;
+    figures.bound =
+        std::min(figures.bound, Seconds([&] { counted = bench::CountFindings(state.Database().Path()); }));
+    figures.findings = DBCheck(state).StoredErrors().size();
+    if (std::cmp_not_equal(figures.findings, counted))
+        throw std::runtime_error(
+            fmt::format("The scans count {} findings, the verification {}.", counted, figures.findings));
+}
+
+Figures Measure(int tables) {
+    const Folder folder;
+    ComponentState state;
+    Open(state, folder / "w", tables);
+    Figures figures;
+    for (int i = 0; i < rounds; ++i) RunRound(state, figures);
+    return figures;
+}
+
+void Report(const std::vector<int>& sizes) {
+    fmt::print("{:>7} {:>9} {:>9} {:>6} {:>9} {:>8}\n", "tables", "verify ms", "bound ms", "ratio",
+               "findings", "peak MB");
+    std::vector<Figures> all;
+    for (const int tables : sizes) {
+        const Figures f = all.emplace_back(Measure(tables));
+        fmt::print("{:>7} {:>9.1f} {:>9.1f} {:>6.2f} {:>9} {:>8.1f}\n", tables, f.verification * 1000,
+                   f.bound * 1000, f.verification / f.bound, f.findings, f.peak);
+    }
+    for (std::size_t i = 1; i < sizes.size(); ++i)
+        fmt::print("from {} to {} tables: {:.1f} times the time\n", sizes[i - 1], sizes[i],
+                   all[i].verification / all[i - 1].verification);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    try {
+        std::vector<int> sizes;
+        for (int i = 1; i < argc; ++i) sizes.push_back(std::stoi(argv[i]));
+        Report(sizes.empty() ? std::vector{100, 1000, 10000} : sizes);
+        return 0;
+    } catch (const std::exception& error) {
+        fmt::print(stderr, "bench_verify: {}\n", error.what());
+        return 1;
+    }
+}

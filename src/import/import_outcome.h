@@ -1,0 +1,23 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tessel {
+
+// What one run of the import did to the project's tables.
+struct ImportOutcome {
+    struct LeftOut {
+        std::string what;    // a table, a column as TABLE.COLUMN, or a foreign key
+        std::string reason;  // a clause that follows its name and a colon
+    };
+
+    std::size_t matched = 0;  // tables that the repository gives the project
+    std::vector<std::string> dropped;
+    std::vector<std::string> added;
+    std::vector<LeftOut> leftOut;
+    std::optional<std::string> failure;  // why the run ended early; what it did before stays
+};
+
+}  // namespace tessel

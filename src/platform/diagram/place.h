@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/diagram/diagram.h"
+
+namespace tessel::diagram {
+
+// Gives every box a place of its own and draws every link whose boxes are there, so that what is linked
+// stands close together. The sizes of the boxes stay.
+void PlaceBoxes(Diagram& diagram);
+
+// Puts the boxes where `placed` has them, by their keys, and draws the links as it does, where they still
+// join the same boxes. Boxes that it does not have go below the rest.
+void TakePlaces(Diagram& diagram, const Diagram& placed);
+
+}  // namespace tessel::diagram

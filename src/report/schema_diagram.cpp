@@ -1,0 +1,25 @@
+#include "report/schema_diagram.h"
+
+#include "schema/sql_text.h"
+
+namespace tessel {
+
+diagram::Diagram SchemaDiagram(db::Database& database) {
+    diagram::Diagram drawing;
+    for (auto table = database.Select("select * from Tables order by TableName"); table.Next();) {
+        const std::string name = table.Text("TableName");
+        drawing.boxes.push_back({"t" + table.Text("TabID"),
+                                 name,
+                                 FlattenText(NullToText(table["Comments"])),
+                                 {0, 0, diagram::FittingWidth(name), diagram::fittingHeight}});
+    }
+    for (auto key = database.Select("select * from ForeignKeys order by KeyID"); key.Next();)
+        drawing.links.push_back({"k" + key.Text("KeyID"),
+                                 key.Text("KeyName"),
+                                 "t" + key.Text("TabID"),
+                                 "t" + key.Text("RefTabId"),
+                                 {}});
+    return drawing;
+}
+
+}  // namespace tessel

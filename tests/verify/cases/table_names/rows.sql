@@ -1,0 +1,13 @@
+-- Names that no operation would store: none, one that the identifier rule changes, and one of a blank.
+insert into Tables (TabID,TableName) values (4,'')
+insert into Tables (TabID,TableName) values (5,'1A')
+insert into Tables (TabID,TableName) values (6,' ')
+insert into Tables (TabID,TableName) values (7,'A-B')
+insert into Tables (TabID,TableName) values (8,'A$B')
+insert into Columns (TabID,ColumnName,Position,TypeID) values (1,'C',1,4)
+insert into Columns (TabID,ColumnName,Position,TypeID) values (2,'C',1,4)
+insert into Columns (TabID,ColumnName,Position,TypeID) values (4,'C',1,4)
+insert into Columns (TabID,ColumnName,Position,TypeID) values (5,'C',1,4)
+insert into Columns (TabID,ColumnName,Position,TypeID) values (6,'C',1,4)
+insert into Columns (TabID,ColumnName,Position,TypeID) values (7,'C',1,4)
+insert into Columns (TabID,ColumnName,Position,TypeID) values (8,'C',1,4)
