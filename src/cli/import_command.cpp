@@ -32,6 +32,8 @@ void Print(const ImportOutcome& outcome) {
         fmt::print("{} table(s) dropped, {} added\n", outcome.dropped.size(), outcome.added.size());
     PrintMissing("new", outcome.added, outcome.dropped);
     PrintMissing("gone", outcome.dropped, outcome.added);
+    for (const auto& [given, name] : outcome.renamed)
+        fmt::print("renamed: {}: it is called {} here\n", given, name);
     for (const auto& [what, reason] : outcome.leftOut) fmt::print("left out: {}: {}\n", what, reason);
 }
 
@@ -40,7 +42,7 @@ void Print(const ImportOutcome& outcome) {
 int ImportCommand(const SessionOptions& options) {
     const auto headless = OpenHeadless(options);
     ComponentState& state = headless.State();
-    const ImportOutcome outcome = ImportDBSchema(state).SyncDBSchema();
+    const ImportOutcome outcome = modImportDBSchema(state).SyncDBSchema();
     state.window->FinishProgress();
     if (!outcome.failure || !outcome.dropped.empty() || !outcome.added.empty()) Print(outcome);
     if (!outcome.failure) return 0;

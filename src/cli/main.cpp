@@ -60,6 +60,8 @@ class Program {
     int Run(int argc, char** argv) {
         try {
             app_.parse(argc, argv);
+            if (std::fflush(stdout) != 0)
+                throw tessel::Error(tessel::ErrorKind::File, "The output cannot be written.");
             return exitCode_;
         } catch (const CLI::ParseError& error) {
             return app_.exit(error) == 0 ? 0 : tessel::failureCode;

@@ -19,6 +19,8 @@ namespace item = host::name_item;
 
 // Absolute and without "..", as the file service wants paths.
 std::string FolderOf(const std::string& given) {
+    if (given.empty())
+        throw Error(ErrorKind::Argument, "The folder for the report has no name; give one, or none.");
     const auto path = std::filesystem::absolute(given).lexically_normal();
     std::string folder = (path.has_filename() ? path : path.parent_path()).string();
     if (folder.find('\\') == std::string::npos) return folder;

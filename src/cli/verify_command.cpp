@@ -62,7 +62,7 @@ void PrintJson(const std::vector<ErrorRow>& errors) {
                         {"ColumnID", error.columnID},
                         {"TableName", error.tableName},
                         {"Message", error.message}});
-    fmt::print("{}\n", list.dump());
+    fmt::print("{}\n", list.dump(-1, ' ', false, Json::error_handler_t::replace));
 }
 
 }  // namespace
@@ -76,7 +76,6 @@ int VerifyCommand(const SessionOptions& options, bool json) {
         PrintJson(errors);
     else
         PrintLines(headless.State().Database(), errors, check.TitleFor(errors.size()));
-    if (std::fflush(stdout) != 0) throw Error(ErrorKind::Io, "The findings cannot be written to the output.");
     return errors.empty() ? cleanCode : findingsCode;
 }
 

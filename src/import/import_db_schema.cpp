@@ -15,12 +15,17 @@ constexpr const char* tableType = "TABLE";
 
 bool IsView(const host::RepositoryObject& object) {
     const std::string view = NullToText(object.Attribute("IsView"));
-    return !view.empty() && ToBoolean(view);
+    try {
+        return !view.empty() && ToBoolean(view);
+    } catch (const Error&) {
+        throw Error(ErrorKind::Host, "The object " + object.Identifier() + " of the repository says \"" +
+                                         view + "\" for IsView; write True or False.");
+    }
 }
 
 }  // namespace
 
-ImportOutcome ImportDBSchema::SyncDBSchema() {
+ImportOutcome modImportDBSchema::SyncDBSchema() {
     ImportOutcome outcome;
     try {
         Run(outcome);
@@ -36,7 +41,7 @@ ImportOutcome ImportDBSchema::SyncDBSchema() {
     return outcome;
 }
 
-void ImportDBSchema::Run(ImportOutcome& outcome) {
+void modImportDBSchema::Run(ImportOutcome& outcome) {
     tableOfObject_.clear();
     matched_.clear();
     const auto repository = db::Database::Open(
@@ -45,14 +50,20 @@ void ImportDBSchema::Run(ImportOutcome& outcome) {
     RunKept(*repository, outcome);
 }
 
-void ImportDBSchema::Match(db::Database& repository, ImportOutcome& outcome) {
+void modImportDBSchema::Match(db::Database& repository, ImportOutcome& outcome) {
     db::TableSet tables = repository.OpenTable("Tables");
     tables.SetIndex("TableName");
     std::unordered_set<std::int32_t> taken;
     for (const auto& object :
          state_.Frontend().RepositoryOf()->PrepareCollection(*state_.project, tableType)) {
         const Value name = object->Attribute("Name");
-        if (IsView(*object) || !tables.Seek({name.IsNull() ? Value("") : name})) continue;
+        if (IsView(*object)) continue;
+        if (!tables.Seek({name.IsNull() ? Value("") : name})) {
+            if (!name.IsNull())
+                outcome.leftOut.push_back(
+                    {ToText(name), "the repository's database has no table of this name"});
+            continue;
+        }
         const std::int32_t tabID = ToInt32(tables.Get("TabID"));
         if (!taken.insert(tabID).second) {
             outcome.leftOut.push_back(
@@ -65,7 +76,7 @@ void ImportDBSchema::Match(db::Database& repository, ImportOutcome& outcome) {
     outcome.matched = matched_.size();
 }
 
-void ImportDBSchema::RunKept(db::Database& repository, ImportOutcome& outcome) {
+void modImportDBSchema::RunKept(db::Database& repository, ImportOutcome& outcome) {
     db::Transaction run(state_.Database());
     const auto keep = [&] {
         try {
@@ -85,17 +96,17 @@ void ImportDBSchema::RunKept(db::Database& repository, ImportOutcome& outcome) {
     keep();
 }
 
-void ImportDBSchema::Sync(db::Database& repository, ImportOutcome& outcome) {
+void modImportDBSchema::Sync(db::Database& repository, ImportOutcome& outcome) {
     const auto workspace = WorkspaceOf(state_);
     workspace->StartProgress(state_.texts->Text(215), static_cast<std::int32_t>(matched_.size()));
     if (IsUpToDate()) return;
     Drop(outcome);
     TableCopier copier(*workspace, state_.Database(), repository, outcome);
-    AddTables(repository, copier, outcome);
+    AddTables(repository, copier);
     copier.CopyForeignKeys();
 }
 
-std::vector<ImportDBSchema::LinkedTable> ImportDBSchema::LinkedTables() const {
+std::vector<modImportDBSchema::LinkedTable> modImportDBSchema::LinkedTables() const {
     std::vector<LinkedTable> linked;
     const auto objects = state_.Frontend().RepositoryOf();
     for (auto row = state_.Database().Select(
@@ -109,7 +120,7 @@ std::vector<ImportDBSchema::LinkedTable> ImportDBSchema::LinkedTables() const {
     return linked;
 }
 
-bool ImportDBSchema::IsUpToDate() const {
+bool modImportDBSchema::IsUpToDate() const {
     const auto linked = LinkedTables();
     if (linked.size() != matched_.size()) return false;
     for (const auto& table : linked)
@@ -117,7 +128,7 @@ bool ImportDBSchema::IsUpToDate() const {
     return true;
 }
 
-bool ImportDBSchema::IsTableOutdated(const std::string& repObjId, const Value& created) const {
+bool modImportDBSchema::IsTableOutdated(const std::string& repObjId, const Value& created) const {
     try {
         const auto object = state_.Frontend().RepositoryOf()->ObjectById(repObjId);
         if (object->TypeName() != tableType) return false;
@@ -128,7 +139,7 @@ bool ImportDBSchema::IsTableOutdated(const std::string& repObjId, const Value& c
     }
 }
 
-void ImportDBSchema::Drop(ImportOutcome& outcome) {
+void modImportDBSchema::Drop(ImportOutcome& outcome) {
     const auto linked = LinkedTables();
     db::Transaction drop(state_.Database());
     // TableDrop looks through the column pairs of all keys for those of its table; thousands of drops are
@@ -144,17 +155,14 @@ void ImportDBSchema::Drop(ImportOutcome& outcome) {
     outcome.dropped = std::move(dropped);
 }
 
-void ImportDBSchema::AddTables(db::Database& repository, TableCopier& copier, ImportOutcome& outcome) {
+void modImportDBSchema::AddTables(db::Database& repository, TableCopier& copier) {
     db::TableSet tables = repository.OpenTable("Tables");
     tables.SetIndex("PrimaryKey");
     for (const auto& match : matched_) {
         if (!tables.Seek({match.tabID}))
             throw Error(ErrorKind::Host, "The table of the object " + match.object->Identifier() +
                                              " is gone from " + repository.Path() + "; import again.");
-        if (const auto name = copier.CopyTable(tables, *match.object)) {
-            outcome.added.push_back(*name);
-            WorkspaceOf(state_)->FinishStep(1);
-        }
+        if (copier.CopyTable(tables, *match.object)) WorkspaceOf(state_)->FinishStep(1);
     }
 }
 

@@ -12,9 +12,9 @@ namespace tessel {
 
 // Brings the tables that the project takes from the host's repository up to date with the repository-wide
 // schema database, DBSchema.mdb in the workspace's folder.
-class ImportDBSchema {
+class modImportDBSchema {
   public:
-    explicit ImportDBSchema(ComponentState& state) : state_(state) {}
+    explicit modImportDBSchema(ComponentState& state) : state_(state) {}
 
     // Compares the project's tables that are linked to a repository object of the type "TABLE" with the
     // objects of that type that are no views and have a table of the same name in the repository-wide schema
@@ -48,7 +48,7 @@ class ImportDBSchema {
     [[nodiscard]] std::vector<LinkedTable> LinkedTables() const;
     [[nodiscard]] bool IsUpToDate() const;
     void Drop(ImportOutcome& outcome);
-    void AddTables(db::Database& repository, TableCopier& copier, ImportOutcome& outcome);
+    void AddTables(db::Database& repository, TableCopier& copier);
 
     ComponentState& state_;
     std::unordered_map<std::string, std::int32_t> tableOfObject_;  // TabID in the repository-wide database

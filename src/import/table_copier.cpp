@@ -28,8 +28,7 @@ std::string With(const std::string& sql, std::int32_t identifier) { return sql +
 
 }  // namespace
 
-std::optional<std::string> TableCopier::CopyTable(const db::TableSet& source,
-                                                  const host::RepositoryObject& object) {
+bool TableCopier::CopyTable(const db::TableSet& source, const host::RepositoryObject& object) {
     const std::int32_t sourceID = ToInt32(source.Get("TabID"));
     std::string wanted = ToText(source.Get("TableName"));
     const std::string name = workspace_.GetFreeTableName(wanted);
@@ -37,67 +36,89 @@ std::optional<std::string> TableCopier::CopyTable(const db::TableSet& source,
     if (!workspace_.TableAdd(name, tabID, object.Identifier(), ObjectDate(object), createdViaImport,
                              "obj:" + object.Identifier())) {
         outcome_.leftOut.push_back({wanted, "a table cannot bear this name here"});
-        return {};
+        return false;
     }
+    if (name != ToText(source.Get("TableName")))
+        outcome_.renamed.push_back({ToText(source.Get("TableName")), name});
+    outcome_.added.push_back(name);
     newTables_[sourceID] = tabID;
     workspace_.TableUpdate(tabID, Missing{}, source.Get("StorageOption"), source.Get("Comments"), Missing{});
-    CopyColumns(sourceID, tabID, name);
-    CopyIndexes(sourceID, tabID, source.Get("PrimaryIndexID"));
-    return name;
+    CopyColumns(sourceID, {tabID, name});
+    CopyIndexes(sourceID, {tabID, name}, source.Get("PrimaryIndexID"));
+    return true;
 }
 
-void TableCopier::CopyColumns(std::int32_t source, std::int32_t target, const std::string& tableName) {
+void TableCopier::CopyColumns(std::int32_t source, const NewTable& target) {
     std::int32_t after = first;
     for (auto row =
              repository_.Select(With("select * from Columns where TabId = ", source) + " order by Position");
          row.Next();) {
-        std::string name = row.Text("ColumnName");
+        const std::string given = row.Text("ColumnName");
+        std::string name = given;
         const Value origin = OriginOf(row);
         std::int32_t columnID = -1;
-        if (workspace_.ColumnAdd(target, name, row.Integer("TypeID"), row.Integer("Precision"),
+        if (workspace_.ColumnAdd(target.tabID, name, row.Integer("TypeID"), row.Integer("Precision"),
                                  row.Integer("Scale"), row.Boolean("IsNullable"), row["Comments"],
                                  row["DefaultValue"], row["Created"], row["CreatedVia"], origin, after,
                                  columnID)) {
             newColumns_[row.Integer("ColumnId")] = after = columnID;
+            if (name != given) outcome_.renamed.push_back({target.name + "." + given, name});
         } else {
-            outcome_.leftOut.push_back({tableName + "." + row.Text("ColumnName"), "the column is refused"});
+            newColumns_[row.Integer("ColumnId")] = std::nullopt;
+            outcome_.leftOut.push_back({target.name + "." + given, "the column is refused"});
         }
     }
 }
 
-void TableCopier::CopyIndexes(std::int32_t source, std::int32_t target, const Value& primaryIndex) {
+void TableCopier::CopyIndexes(std::int32_t source, const NewTable& target, const Value& primaryIndex) {
     for (auto row =
              repository_.Select(With("select * from Indices where TabId = ", source) + " order by IndexID");
          row.Next();)
         CopyIndex(row, target, primaryIndex == row["IndexID"]);
 }
 
-void TableCopier::CopyIndex(const db::Query& index, std::int32_t target, bool isPrimary) {
+void TableCopier::CopyIndex(const db::Query& index, const NewTable& target, bool isPrimary) {
+    const auto columns = NewIndexColumns(index.Integer("IndexID"));
+    if (!columns) {
+        outcome_.leftOut.push_back(
+            {target.name + "." + index.Text("IndexName"), "one of its columns is refused"});
+        return;
+    }
     db::Transaction copy(project_);
     db::TableSet row = project_.OpenTable("Indices");
     row.AddNew();
-    row.Set("TabID", target);
+    row.Set("TabID", target.tabID);
     row.Set("IndexName", index["IndexName"]);
     row.Set("Unique", index.Boolean("Unique"));
     SetOrigin(row, OriginOf(index));
     const std::int32_t indexID = ToInt32(row.Get("IndexID"));
     row.Save();
-    if (isPrimary) workspace_.TableUpdate(target, Missing{}, Missing{}, Missing{}, indexID);
-    CopyIndexColumns(index.Integer("IndexID"), indexID);
+    if (isPrimary) workspace_.TableUpdate(target.tabID, Missing{}, Missing{}, Missing{}, indexID);
+    AddIndexColumns(indexID, *columns);
     copy.Commit();
 }
 
-void TableCopier::CopyIndexColumns(std::int32_t source, std::int32_t target) {
+std::optional<std::vector<TableCopier::IndexColumn>> TableCopier::NewIndexColumns(std::int32_t source) const {
+    std::vector<IndexColumn> columns;
+    for (auto row = repository_.Select(With("select * from IndexColumns where IndexID = ", source) +
+                                       " order by Position");
+         row.Next();) {
+        const auto column = NewColumn(row.Integer("ColumnId"));
+        if (!column) return {};
+        columns.push_back({*column, row["Direction"], row["Position"], OriginOf(row)});
+    }
+    return columns;
+}
+
+void TableCopier::AddIndexColumns(std::int32_t indexID, const std::vector<IndexColumn>& columns) {
     db::TableSet row = project_.OpenTable("IndexColumns");
-    for (auto column = repository_.Select(With("select * from IndexColumns where IndexID = ", source) +
-                                          " order by Position");
-         column.Next();) {
+    for (const auto& [column, direction, position, origin] : columns) {
         row.AddNew();
-        row.Set("IndexID", target);
-        row.Set("ColumnId", NewColumn(column.Integer("ColumnId")));
-        row.Set("Direction", column["Direction"]);
-        row.Set("Position", column["Position"]);
-        SetOrigin(row, OriginOf(column));
+        row.Set("IndexID", indexID);
+        row.Set("ColumnId", column);
+        row.Set("Direction", direction);
+        row.Set("Position", position);
+        SetOrigin(row, origin);
         row.Save();
     }
 }
@@ -106,13 +127,20 @@ void TableCopier::CopyForeignKeys() {
     for (auto key = repository_.Select("select * from ForeignKeys order by KeyID"); key.Next();) {
         const auto table = newTables_.find(key.Integer("TabID"));
         const auto refTable = newTables_.find(key.Integer("RefTabId"));
-        if (table == newTables_.end() || refTable == newTables_.end()) continue;
-        CopyForeignKey(key, table->second, refTable->second);
+        if (table == newTables_.end()) continue;
+        if (refTable == newTables_.end())
+            outcome_.leftOut.push_back({key.Text("KeyName"), "it refers to a table that is not imported"});
+        else
+            CopyForeignKey(key, table->second, refTable->second);
     }
 }
 
 void TableCopier::CopyForeignKey(const db::Query& key, std::int32_t table, std::int32_t refTable) {
     const auto pairs = NewPairs(key.Integer("KeyID"));  // before the window draws a key that cannot be
+    if (!pairs) {
+        outcome_.leftOut.push_back({key.Text("KeyName"), "one of its columns is refused"});
+        return;
+    }
     db::Transaction copy(project_);
     std::int32_t keyID = -1;
     if (!workspace_.ForeignAdd(table, refTable, key.Text("KeyName"), keyID)) {
@@ -120,16 +148,19 @@ void TableCopier::CopyForeignKey(const db::Query& key, std::int32_t table, std::
         return;
     }
     workspace_.ForeignUpdate(keyID, Missing{}, key["HowDelete"], OriginOf(key));
-    AddForeignKeyColumns(keyID, pairs);
+    AddForeignKeyColumns(keyID, *pairs);
     copy.Commit();
 }
 
-std::vector<TableCopier::KeyPair> TableCopier::NewPairs(std::int32_t source) const {
+std::optional<std::vector<TableCopier::KeyPair>> TableCopier::NewPairs(std::int32_t source) const {
     std::vector<KeyPair> pairs;
     for (auto pair = repository_.Select(With("select * from ForeignKeyColumns where KeyID = ", source));
-         pair.Next();)
-        pairs.push_back(
-            {NewColumn(pair.Integer("ColumnId")), NewColumn(pair.Integer("RefColumnID")), OriginOf(pair)});
+         pair.Next();) {
+        const auto column = NewColumn(pair.Integer("ColumnId"));
+        const auto refColumn = NewColumn(pair.Integer("RefColumnID"));
+        if (!column || !refColumn) return {};
+        pairs.push_back({*column, *refColumn, OriginOf(pair)});
+    }
     return pairs;
 }
 
@@ -145,11 +176,11 @@ void TableCopier::AddForeignKeyColumns(std::int32_t keyID, const std::vector<Key
     }
 }
 
-std::int32_t TableCopier::NewColumn(std::int32_t source) const {
+std::optional<std::int32_t> TableCopier::NewColumn(std::int32_t source) const {
     const auto column = newColumns_.find(source);
     if (column != newColumns_.end()) return column->second;
     throw Error(ErrorKind::Host, "An index or a foreign key of " + repository_.Path() + " uses the column " +
-                                     std::to_string(source) + ", which was not imported.");
+                                     std::to_string(source) + ", which it does not hold.");
 }
 
 }  // namespace tessel

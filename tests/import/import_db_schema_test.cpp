@@ -72,7 +72,7 @@ class ImportTest : public SchemaTest {
         return object;
     }
 
-    ImportOutcome Import() { return ImportDBSchema(state).SyncDBSchema(); }
+    ImportOutcome Import() { return modImportDBSchema(state).SyncDBSchema(); }
     Lines TableNames() { return Rows("select TableName from Tables order by TabID"); }
     std::int32_t LastTable() {
         auto row = Db().Select("select max(TabID) as Last from Tables");
@@ -199,7 +199,7 @@ INSTANTIATE_TEST_SUITE_P(Situations, ImportAgain, testing::ValuesIn(situations),
                          [](const auto& situation) { return situation.param.name; });
 
 TEST_F(ImportTest, ATableIsOutdatedByItsObject) {
-    ImportDBSchema import(state);
+    modImportDBSchema import(state);
     (void)import.SyncDBSchema();
     const auto view = frontend->repository->Add("VIEW", "V");
     const auto stranger = Object("NOBODY", "2020-01-31T10:00:00");
@@ -224,16 +224,23 @@ TEST_F(ImportTest, WhatIsRefusedIsLeftOutWithItsKeys) {
     RunRawSql(repository, R"(
         update Tables set TableName = '12' where TabID = 7;
         insert into Tables (TabID, TableName) values (11, 'ALONE'), (12, 'NOT_ASKED_FOR');
-        insert into Columns (TabID, ColumnName, Position, TypeID) values (11, '34', 1, 4), (11, 'GOOD', 2, 4);
+        insert into Columns (ColumnID, TabID, ColumnName, Position, TypeID) values
+            (30, 11, '34', 1, 4), (31, 11, 'GO.OD', 2, 4);
+        insert into Indices (IndexID, TabID, IndexName) values (10, 11, 'HALF'), (11, 11, 'WHOLE');
+        insert into IndexColumns (IndexID, ColumnID, Position) values (10, 30, 1), (10, 31, 2), (11, 31, 1);
         insert into ForeignKeys (TabID, RefTabId, KeyName, HowDelete) values
-            (9, 12, 'TO_NOWHERE', 'R'), (9, 11, 'a.b', 'R'), (9, 11, 'TO_ALONE', 'R');)");
+            (9, 12, 'TO_NOWHERE', 'R'), (9, 11, 'a.b', 'R'), (9, 11, 'TO_ALONE', 'R'), (9, 11, 'TO_34', 'R');
+        insert into ForeignKeyColumns select KeyID, 22, 30, null from ForeignKeys where KeyName = 'TO_34';)");
     orders->attributes["Name"] = "12";
     Object("ALONE", "2026-01-31T10:00:00");
     const auto outcome = Import();
     EXPECT_EQ(outcome.added, (Lines{"ITEMS", "ALONE"}));
     Lines leftOut;
     for (const auto& [what, reason] : outcome.leftOut) leftOut.push_back(what);
-    EXPECT_EQ(leftOut, (Lines{"12", "ALONE.34", "a.b"}));
+    EXPECT_EQ(leftOut, (Lines{"12", "ALONE.34", "ALONE.HALF", "ITEM_OF", "TO_NOWHERE", "a.b", "TO_34"}));
+    ASSERT_EQ(outcome.renamed.size(), 1U);
+    EXPECT_EQ(outcome.renamed[0].given + ">" + outcome.renamed[0].name, "ALONE.GO.OD>GOOD");
+    EXPECT_EQ(Rows("select IndexName from Indices where IndexName <> 'PK_ORDERS'"), Lines{"WHOLE"});
     EXPECT_EQ(Rows("select ColumnName from Columns order by ColumnID"), (Lines{"NUMBER", "GOOD"}));
     EXPECT_EQ(Rows("select KeyName from ForeignKeys"), Lines{"TO_ALONE"});
     const Lines notes = TakeNotes();
@@ -276,7 +283,7 @@ TEST_F(ImportTest, AFailureKeepsWhatWasDoneBefore) {
     const auto outcome = Import();
     ASSERT_TRUE(outcome.failure);
     EXPECT_NE(outcome.failure->find("99"), std::string::npos) << *outcome.failure;
-    EXPECT_EQ(outcome.added, Lines{"ORDERS"});
+    EXPECT_EQ(outcome.added, (Lines{"ORDERS", "ITEMS"}));
     EXPECT_EQ(TableNames(), (Lines{"ORDERS", "ITEMS"}));
     EXPECT_EQ(Rows("select IndexName from Indices order by IndexID"), (Lines{"PK_ORDERS", "BY_DAY", "GOOD"}));
     EXPECT_EQ(Rows("select count(*) as N from ForeignKeys"), Lines{"0"});

@@ -44,7 +44,7 @@ class LoadAndImport : public testing::Test {
     }
 
     ImportOutcome Import() {
-        auto outcome = ImportDBSchema(state).SyncDBSchema();
+        auto outcome = modImportDBSchema(state).SyncDBSchema();
         EXPECT_FALSE(outcome.failure) << *outcome.failure;
         return outcome;
     }

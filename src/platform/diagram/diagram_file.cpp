@@ -14,11 +14,14 @@ std::string Text(const xml::Element& element, std::string_view name) {
     return element.Attribute(name).value_or("");
 }
 
+// No drawing is larger, in any direction; what a file says beyond it is no place.
+constexpr double farthest = 1e6;
+
 double Number(const xml::Element& element, std::string_view name) {
     const std::string text = Text(element, name);
     double number = 0;
     const auto [end, fault] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return fault == std::errc() && std::isfinite(number) ? number : 0;
+    return fault == std::errc() && std::abs(number) <= farthest ? number : 0;
 }
 
 Box ReadBox(const xml::Element& element) {
