@@ -18,6 +18,8 @@
 #include <string>
 #include <vector>
 
+#include "bench.h"
+
 namespace {
 
 constexpr int columns = 200;
@@ -119,8 +121,8 @@ void UpdateBare(const std::string& file, int count) {
 
 // Both ways in turn, so that what else the machine does falls on both.
 void Measure(int count, const std::string& parent) {
-    std::string pattern = parent + "/tessel-bench-XXXXXX";
-    const std::string folder = mkdtemp(pattern.data());
+    const tessel::bench::Folder fresh(parent);
+    const std::string& folder = fresh.Path();
     MakeWorkspace(folder);
     WriteCalls(folder + "/calls.jsonl", count / rounds);
     std::vector<double> ours, bare, ratios;
@@ -133,7 +135,6 @@ void Measure(int count, const std::string& parent) {
             Seconds([&] { UpdateBare(folder + "/works/Projects/Main/DBSCHEMA/Main.mdb", count / rounds); }));
         ratios.push_back(ours.back() / bare.back());
     }
-    std::filesystem::remove_all(folder);
     fmt::print("{} rounds of {} updates, medians\n", rounds, count / rounds);
     fmt::print("{:>12} {:>12} {:>8}\n", "tessel call", "bare", "ratio");
     fmt::print("{:>10.2f} s {:>10.2f} s {:>8.2f}\n", Median(ours), Median(bare), Median(ratios));

@@ -2,16 +2,12 @@
 // changed, and the look that finds nothing to do: bench_import [TABLES...]
 
 #include <fmt/format.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <chrono>
-#include <cstdlib>
-#include <filesystem>
 #include <stdexcept>
 #include <vector>
 
+#include "bench.h"
 #include "engine/tessel_engine.h"
 #include "generate_schema.h"
 #include "import/import_db_schema.h"
@@ -57,16 +53,11 @@ double Import(ComponentState& state, std::size_t dropped, std::size_t added) {
     return time.count();
 }
 
-double PeakMegabytes() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return static_cast<double>(usage.ru_maxrss) / 1024;
-}
-
-Figures Measure(const std::string& folder, int tables) {
+Figures Measure(int tables) {
+    const bench::Folder folder;
     const auto count = static_cast<std::size_t>(tables);
     ComponentState state;
-    Open(state, folder + "/w", tables);
+    Open(state, folder / "w", tables);
     Figures figures;
     figures.add = Import(state, 0, count);
     figures.look = Import(state, 0, 0);
@@ -74,45 +65,23 @@ Figures Measure(const std::string& folder, int tables) {
         ->FindObject("TABLE", "TABLE_00001")
         ->SetAttribute("Modified", "2026-02-01T10:00:00");
     figures.renew = Import(state, count, count);
-    figures.peak = PeakMegabytes();
+    figures.peak = bench::PeakMegabytes();
     return figures;
 }
 
-void Print(int tables, const Figures& f) {
-    fmt::print("{:>7} {:>8.2f} {:>9.0f} {:>8.2f} {:>9.0f} {:>8.3f} {:>8.1f}\n", tables, f.add, tables / f.add,
-               f.renew, tables / f.renew, f.look, f.peak);
-}
-
-// In a process of its own, whose memory has held nothing else.
-bool MeasureAlone(int tables) {
-    std::fflush(stdout);
-    if (fork() == 0) {
-        std::string folder = (std::filesystem::temp_directory_path() / "bench-XXXXXX").string();
-        int code = 1;
-        try {
-            if (!mkdtemp(folder.data())) throw std::runtime_error("No temporary folder can be made.");
-            Print(tables, Measure(folder, tables));
-            code = 0;
-        } catch (const std::exception& error) {
-            fmt::print(stderr, "bench_import: {}\n", error.what());
-        }
-        std::filesystem::remove_all(folder);
-        std::fflush(stdout);
-        _exit(code);
+void Report(const std::vector<int>& sizes) {
+    fmt::print("{:>7} {:>8} {:>9} {:>8} {:>9} {:>8} {:>8}\n", "tables", "add s", "tables/s", "renew s",
+               "tables/s", "look s", "peak MB");
+    std::vector<double> times;
+    for (const int tables : sizes) {
+        const Figures f = Measure(tables);
+        times.push_back(f.add);
+        fmt::print("{:>7} {:>8.2f} {:>9.0f} {:>8.2f} {:>9.0f} {:>8.3f} {:>8.1f}\n", tables, f.add,
+                   tables / f.add, f.renew, tables / f.renew, f.look, f.peak);
     }
-    int status = 1;
-    return wait(&status) > 0 && status == 0;
+    bench::PrintGrowth(sizes, times);
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    std::vector<int> sizes;
-    for (int i = 1; i < argc; ++i) sizes.push_back(std::atoi(argv[i]));
-    if (sizes.empty()) sizes = {100, 1000, 10000};
-    fmt::print("{:>7} {:>8} {:>9} {:>8} {:>9} {:>8} {:>8}\n", "tables", "add s", "tables/s", "renew s",
-               "tables/s", "look s", "peak MB");
-    for (const int tables : sizes)
-        if (!MeasureAlone(tables)) return 1;
-    return 0;
-}
+int main(int argc, char** argv) { return tessel::bench::Run(argc, argv, Report); }

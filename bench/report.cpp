@@ -4,12 +4,12 @@
 // are given beside the time. The page of a large schema is written to /dev/null in place of a file.
 
 #include <fmt/format.h>
-#include <sys/resource.h>
 
 #include <chrono>
 #include <filesystem>
 #include <limits>
 
+#include "bench.h"
 #include "engine/scrivo_add_on.h"
 #include "generate_schema.h"
 #include "platform/files/file_service.h"
@@ -25,22 +25,6 @@ using namespace tessel;
 
 constexpr int rounds = 3;
 constexpr int largestOnDisk = 2000;
-
-class Folder {
-  public:
-    Folder() {
-        std::string pattern = (fs::temp_directory_path() / "bench-XXXXXX").string();
-        path_ = mkdtemp(pattern.data());
-    }
-    ~Folder() { fs::remove_all(path_); }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-
-    [[nodiscard]] std::string operator/(const std::string& name) const { return path_ + "/" + name; }
-
-  private:
-    std::string path_;
-};
 
 double Now() {
     return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
@@ -93,7 +77,7 @@ void RunOnce(const std::string& path, Figures& figures) {
 }
 
 Figures Measure(int tables) {
-    const Folder folder;
+    const bench::Folder folder;
     MakeWorkspace(folder / "w", tables);
     const std::string file = folder / "w/Output/Main/Main.htm";
     fs::create_directories(fs::path(file).parent_path());
@@ -101,9 +85,7 @@ Figures Measure(int tables) {
     Figures figures;
     for (int i = 0; i < rounds; ++i) RunOnce(folder / "w", figures);
     if (tables <= largestOnDisk) figures.megabytes = static_cast<double>(fs::file_size(file)) / 1e6;
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    figures.peak = static_cast<double>(usage.ru_maxrss) / 1024;
+    figures.peak = bench::PeakMegabytes();
     return figures;
 }
 
@@ -117,21 +99,9 @@ void Report(const std::vector<int>& sizes) {
         fmt::print("{:>7} {:>9.1f} {:>11.1f} {:>11.0f} {:>8.1f} {:>8.1f}\n", tables, times.back() * 1000,
                    f.diagram * 1000, tables / times.back(), f.megabytes, f.peak);
     }
-    for (std::size_t i = 1; i < sizes.size(); ++i)
-        fmt::print("from {} to {} tables: {:.1f} times the time\n", sizes[i - 1], sizes[i],
-                   times[i] / times[i - 1]);
+    bench::PrintGrowth(sizes, times);
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    try {
-        std::vector<int> sizes;
-        for (int i = 1; i < argc; ++i) sizes.push_back(std::stoi(argv[i]));
-        Report(sizes.empty() ? std::vector{100, 1000, 10000} : sizes);
-        return 0;
-    } catch (const std::exception& error) {
-        fmt::print(stderr, "bench_report: {}\n", error.what());
-        return 1;
-    }
-}
+int main(int argc, char** argv) { return tessel::bench::Run(argc, argv, Report); }

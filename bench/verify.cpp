@@ -2,13 +2,13 @@
 // [TABLES...]
 
 #include <fmt/format.h>
-#include <sys/resource.h>
 
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <limits>
 
+#include "bench.h"
 #include "engine/tessel_engine.h"
 #include "generate_schema.h"
 #include "schema/project_settings.h"
@@ -21,22 +21,6 @@ namespace {
 using namespace tessel;
 
 constexpr int rounds = 5;
-
-class Folder {
-  public:
-    Folder() {
-        std::string pattern = (std::filesystem::temp_directory_path() / "bench-XXXXXX").string();
-        path_ = mkdtemp(pattern.data());
-    }
-    ~Folder() { std::filesystem::remove_all(path_); }
-    Folder(const Folder&) = delete;
-    Folder& operator=(const Folder&) = delete;
-
-    [[nodiscard]] std::string operator/(const std::string& name) const { return path_ + "/" + name; }
-
-  private:
-    std::string path_;
-};
 
 // A project whose database holds a generated schema.
 void Open(ComponentState& state, const std::string& workspace, int tables) {
@@ -85,7 +69,7 @@ void RunRound(ComponentState& state, Figures& figures) {
 }
 
 Figures Measure(int tables) {
-    const Folder folder;
+    const bench::Folder folder;
     ComponentState state;
     Open(state, folder / "w", tables);
     Figures figures;
@@ -96,27 +80,16 @@ Figures Measure(int tables) {
 void Report(const std::vector<int>& sizes) {
     fmt::print("{:>7} {:>9} {:>9} {:>6} {:>9} {:>8}\n", "tables", "verify ms", "bound ms", "ratio",
                "findings", "peak MB");
-    std::vector<Figures> all;
+    std::vector<double> times;
     for (const int tables : sizes) {
-        const Figures f = all.emplace_back(Measure(tables));
+        const Figures f = Measure(tables);
+        times.push_back(f.verification);
         fmt::print("{:>7} {:>9.1f} {:>9.1f} {:>6.2f} {:>9} {:>8.1f}\n", tables, f.verification * 1000,
                    f.bound * 1000, f.verification / f.bound, f.findings, f.peak);
     }
-    for (std::size_t i = 1; i < sizes.size(); ++i)
-        fmt::print("from {} to {} tables: {:.1f} times the time\n", sizes[i - 1], sizes[i],
-                   all[i].verification / all[i - 1].verification);
+    bench::PrintGrowth(sizes, times);
 }
 
 }  // namespace
 
-int main(int argc, char** argv) {
-    try {
-        std::vector<int> sizes;
-        for (int i = 1; i < argc; ++i) sizes.push_back(std::stoi(argv[i]));
-        Report(sizes.empty() ? std::vector{100, 1000, 10000} : sizes);
-        return 0;
-    } catch (const std::exception& error) {
-        fmt::print(stderr, "bench_verify: {}\n", error.what());
-        return 1;
-    }
-}
+int main(int argc, char** argv) { return tessel::bench::Run(argc, argv, Report); }

@@ -59,7 +59,7 @@ void modImportDBSchema::Match(db::Database& repository, ImportOutcome& outcome) 
         const Value name = object->Attribute("Name");
         if (IsView(*object)) continue;
         if (!tables.Seek({name.IsNull() ? Value("") : name})) {
-            if (!name.IsNull())
+            if (!NullToText(name).empty())  // an object whose table is gone for good has none
                 outcome.leftOut.push_back(
                     {ToText(name), "the repository's database has no table of this name"});
             continue;

@@ -83,7 +83,7 @@ TEST_F(VerifyProgram, ExitsCleanOrFailed) {
     EXPECT_EQ(Verify(), (Outcome{0, {"No errors"}}));
     EXPECT_EQ(Verify({"--json"}), (Outcome{0, {"[]"}}));
     EXPECT_EQ(Run({"/bin/sh", "-c", TESSEL_PROGRAM " --workspace " + (folder / "w") + " verify >/dev/full"}),
-              (Outcome{2, {"tessel: The findings cannot be written to the output."}}));
+              (Outcome{2, {"tessel: The output cannot be written."}}));
     files::ReplaceFile(folder / "w/Projects/Main/DBSCHEMA/Main.mdb", "");
     EXPECT_EQ(Verify().code, 2);
     EXPECT_EQ(Verify({"--jason"}).code, 2);

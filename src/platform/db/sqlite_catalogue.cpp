@@ -35,10 +35,12 @@ Connection OpenForReading(const std::string& path) {
 
 // What stands between the quotes of a text constant; nothing when the expression is none.
 std::optional<std::string> TextConstant(std::string_view expression) {
-    if (expression.size() < 2 || expression.front() != '\'' || expression.back() != '\'') return {};
+    // The engine takes double quotes around a default for those of a text, too.
+    const char quote = expression.empty() ? '\0' : expression.front();
+    if ((quote != '\'' && quote != '"') || expression.size() < 2 || expression.back() != quote) return {};
     std::string text;
     for (std::size_t i = 1; i + 1 < expression.size(); ++i) {
-        if (expression[i] == '\'' && expression[++i] != '\'') return {};
+        if (expression[i] == quote && expression[++i] != quote) return {};
         text += expression[i];
     }
     return text;

@@ -79,7 +79,8 @@ class SqliteCatalogue : public TemporaryDatabase {
 TEST_F(SqliteCatalogue, HoldsTablesWithColumnsIndexesAndKeys) {
     const auto catalogue = Read(R"(
         create table plain (id integer primary key, a, b varchar(10) not null default 'it''s', c default (1 + 2),
-                            d date default current_timestamp, e int default null, f text default ('a' || 'b'));
+                            d date default current_timestamp, e int default null, f text default ('a' || 'b'),
+                            g text default "d""q");
         create table "two words" (x int, "y]z" int, constraint pk primary key ("y]z" desc, x)) without rowid;
         create table child (
             id int primary key, up int constraint tree references child on delete cascade, x int, y int,
@@ -92,7 +93,7 @@ TEST_F(SqliteCatalogue, HoldsTablesWithColumnsIndexesAndKeys) {
         Shown(catalogue),
         (Lines{
             "plain: id [INTEGER]! a [] b [varchar(10)]!=it's c []=1 + 2 d [date]=current_timestamp e [INT] f "
-            "[TEXT]='a' || 'b'; primary  +id",
+            "[TEXT]='a' || 'b' g [TEXT]=d\"q; primary  +id",
             "two words: x [INT]! y]z [INT]!; primary pk -y]z +x",
             "child: id [INT]! up [INT] x [INT] y [INT]; primary  +id; unique named +x +y; unique  +y; index "
             "by_y -y +x; unique uniq +x; key tree to child cascade up>id; key  to TWO words y>y]z x>x; key "

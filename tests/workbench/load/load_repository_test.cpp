@@ -150,6 +150,7 @@ TEST_F(LoadRepositoryTest, OnlyWhatChangedMoves) {
         {"alter table a drop column z", {"a"}},
         {"create index i on b (r)", {"b"}},
         {"drop index i; create unique index i on b (r)", {"b"}},
+        {"drop table b; create table b (r int references a (y) on delete cascade)", {"b"}},
         {"alter table a rename column y to w", {"a", "b"}},
         {"alter table b rename to c", {}},
     };
@@ -224,6 +225,17 @@ TEST_F(LoadRepositoryTest, ALoadThatWasCutOffIsMadeUpFor) {
     EXPECT_EQ(outcome.added, Lines{"c"});
     EXPECT_EQ(Rows("select TableName, RepObjId from Tables order by TableName"), (Lines{"a O2", "c O3"}));
     EXPECT_EQ(Rows("select Created from Tables where TableName = 'a'"), Lines{AttributeOf("O2", "Modified")});
+}
+
+TEST_F(LoadRepositoryTest, ADatabaseFromABackupIsBroughtUpToDate) {
+    Source("create table a (x int)");
+    Load();
+    const auto backup = Content(database_);
+    Source("alter table a add column y int");
+    Load();
+    files::ReplaceFile(database_, backup);
+    EXPECT_EQ(Load().changed, Lines{"a"});
+    EXPECT_EQ(Rows("select count(*) as N from Columns"), Lines{"2"});
 }
 
 TEST_F(LoadRepositoryTest, AFailureLeavesBothFilesAsTheyWere) {
