@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "platform/db/database.h"
 #include "support/child_program.h"
 #include "support/raw_sql.h"
 #include "support/temporary_folder.h"
@@ -19,9 +20,10 @@ class ImportProgram : public testing::Test {
                   Lines{"Made the workspace " + folder / "w with the project Main."});
     }
 
-    static Lines Run(Lines arguments, int code) {
-        arguments.insert(arguments.begin(), TESSEL_PROGRAM);
-        ChildProgram program(arguments);
+    Lines Run(const Lines& arguments, int code) const {
+        Lines command{TESSEL_PROGRAM, "--workspace", folder / "w", "--lang", "en"};
+        command.insert(command.end(), arguments.begin(), arguments.end());
+        ChildProgram program(command);
         program.CloseInput();
         Lines lines;
         for (std::string line = program.ReadLine(); !line.empty(); line = program.ReadLine())
@@ -29,35 +31,48 @@ class ImportProgram : public testing::Test {
         EXPECT_EQ(program.Wait(), code) << testing::PrintToString(lines);
         return lines;
     }
-    Lines Load(const std::string& from, int code) {
-        return Run({"--workspace", folder / "w", "--lang", "en", "repository", "load", from}, code);
+    Lines Load(const std::string& from, int code) const { return Run({"repository", "load", from}, code); }
+    // The rows of one field in the project's database.
+    Lines Field(const std::string& sql) const {
+        const auto database = db::Database::Open(folder / "w/Projects/Main/DBSCHEMA/Main.mdb");
+        Lines values;
+        for (auto row = database->Select(sql); row.Next();) values.push_back(row.Text(row.Fields().front()));
+        return values;
     }
-    Lines Import(int code) { return Run({"--workspace", folder / "w", "--lang", "en", "import"}, code); }
 
     TemporaryFolder folder;
     const std::string source = folder / "w/shop.db";
 };
 
-TEST_F(ImportProgram, SaysWhatItLoadsAndImports) {
-    RunRawSql(source,
-              "create table a (x inet); create table \"b-c\" (x int); create view v as select 1 as x");
+TEST_F(ImportProgram, AProjectFollowsARealDatabase) {
+    RunRawSql(source, R"(
+        create table a (id integer primary key, x inet default 'n', y varchar(40) not null default 'new');
+        create table "b-c" (a integer references a on delete cascade, day date, primary key (a, day));
+        create view v as select 1 as x;)");
     EXPECT_EQ(
         Load("sqlite:" + source, 0),
         (Lines{"sqlite:shop.db: 2 table(s), 1 view(s); 3 new, 0 changed, 0 gone", "new: a", "new: b_c",
                "new: v", "note: a.x: the type inet becomes LONGVARCHAR", "note: b-c: it is called b_c here",
                "note: v.x: a column without a type becomes LONGVARCHAR"}));
-    EXPECT_EQ(Import(0), (Lines{"0 table(s) dropped, 2 added", "new: a", "new: b_c"}));
-    EXPECT_EQ(Import(0), Lines{"2 linked table(s), nothing to do"});
+    EXPECT_EQ(Run({"import"}, 0), (Lines{"0 table(s) dropped, 2 added", "new: a", "new: b_c"}));
+    EXPECT_EQ(Run({"import"}, 0), Lines{"2 linked table(s), nothing to do"});
+    EXPECT_EQ(Field("select KeyName & HowDelete as K from ForeignKeys"), Lines{"FK_b_c_aC"});
+    EXPECT_EQ(Field("select ColumnName || ' ' || TypeID || ' ' || [Precision] || ' ' || IsNullable || "
+                    "coalesce(DefaultValue, '') as C from Columns order by ColumnID"),
+              (Lines{"id 4 0 0", "x 13 0 1n", "y 12 40 0new", "a 4 0 0", "day 9 0 0"}));
 
-    RunRawSql(source, "drop table a; drop view v; alter table \"b-c\" add column y int");
-    EXPECT_EQ(Load("sqlite:" + source, 0),
-              (Lines{"sqlite:shop.db: 1 table(s), 0 view(s); 0 new, 1 changed, 2 gone", "changed: b_c",
-                     "gone: a", "gone: v", "note: b-c: it is called b_c here"}));
-    EXPECT_EQ(Import(0), (Lines{"2 table(s) dropped, 1 added", "gone: a"}));
+    RunRawSql(source, "alter table a add column rating numeric(5,2)");
+    (void)Load("sqlite:" + source, 0);
+    EXPECT_EQ(Run({"import"}, 0).front(), "2 table(s) dropped, 2 added");
+
+    RunRawSql(source, "drop table a; drop view v; create table extra (a)");
+    EXPECT_EQ(Load("sqlite:" + source, 0).front(),
+              "sqlite:shop.db: 2 table(s), 0 view(s); 1 new, 1 changed, 2 gone");
+    EXPECT_EQ(Run({"import"}, 0), (Lines{"2 table(s) dropped, 2 added", "new: extra", "gone: a"}));
 }
 
 TEST_F(ImportProgram, SaysWhyItCannot) {
-    const auto import = Import(2);
+    const auto import = Run({"import"}, 2);
     ASSERT_EQ(import.size(), 1U);
     EXPECT_TRUE(import[0].starts_with("tessel: Fail to sync DBSchema content: ")) << import[0];
     for (const auto& wrong : {folder / "none.db", std::string("sqlite:") + folder / "none.db"}) {

@@ -18,15 +18,12 @@ TEST_F(CompatibleType, ComesFromThePicture) {
         {"9(9)", 4, 9, 0},       {"9(10)", 3, 10, 0},    {"s9(3)", 5, 3, 0},     {"9(7)V99", 3, 9, 2},
         {"S9(7)V9(2)", 3, 9, 2}, {"9(3).9(2)", 3, 5, 2}, {"9(29)V99", 3, 31, 2}, {"9(30)V99", 1, 32, 0},
         {"9(3", 5, 3, 0},        {"9()", 5, 0, 0},       {"9(x)", 5, 0, 0},      {"9(-3)", 5, 0, 0},
-        {"99", 5, 2, 0},         {"Z(3)9", 5, 3, 0},  // the unknown character stands for nothing, its count
-                                                      // still for one less
+        {"99", 5, 2, 0},         {"Z(3)9", 5, 3, 0},  // an unknown character's count adds one less
     };
     for (const auto& c : cases) {
         std::int32_t type = 0, precision = 77, scale = 77;
         EXPECT_TRUE(Ws().GetCompatibleType(0, 0, c.picture, "", type, precision, scale)) << c.picture;
-        EXPECT_EQ(type, c.type) << c.picture;
-        EXPECT_EQ(precision, c.precision) << c.picture;
-        EXPECT_EQ(scale, c.scale) << c.picture;
+        EXPECT_EQ(std::tuple(type, precision, scale), std::tuple(c.type, c.precision, c.scale)) << c.picture;
     }
 }
 
@@ -41,9 +38,7 @@ TEST_F(CompatibleType, KeepsATypeThatIsGiven) {
     for (const auto& c : cases) {
         std::int32_t type = c.type, precision = 7, scale = 7;
         EXPECT_EQ(Ws().GetCompatibleType(c.length, 2, "9", "", type, precision, scale), c.fits);
-        EXPECT_EQ(type, c.type);
-        EXPECT_EQ(precision, c.precision);
-        EXPECT_EQ(scale, c.scale);
+        EXPECT_EQ(std::tuple(type, precision, scale), std::tuple(c.type, c.precision, c.scale));
     }
 }
 

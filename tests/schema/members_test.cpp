@@ -21,20 +21,13 @@ class Members : public SchemaTest {
     Arguments last;
 };
 
-TEST_F(Members, AnswerByNameInAnyLetterCase) {
-    EXPECT_EQ(Call("toolid"), Value("VNT"));
-    EXPECT_EQ(Call("SelectedTabID"), Value(-1));
-    Call("MethodName", {"Tool"}, CallKind::Put);
-    EXPECT_EQ(Call("methodname", {}, CallKind::Get), Value("Tool"));
+TEST_F(Members, HandBackWhatTheyChange) {
     Call("ReturnCode", {"7"}, CallKind::Put);
     EXPECT_EQ(Ws().ReturnCode(), 7);
-}
-
-TEST_F(Members, HandBackWhatTheyChange) {
     EXPECT_EQ(Call("TableAdd", {"A", Null{}, Null{}, "2026-01-31T10:00:00", Null{}, Null{}}), Value(true));
     EXPECT_EQ(last[1], Value(1));
     EXPECT_EQ(last[3], Value("2026-01-31T10:00:00"));  // goes in only
-    EXPECT_EQ(Call("GetFreeTableName", {""}), Value("T"));
+    EXPECT_EQ(Call("getfreetablename", {""}), Value("T"));
     EXPECT_EQ(last[0], Value("T"));
     EXPECT_EQ(Call("SQLID", {"1ab", 3}), Value("ab"));
     EXPECT_EQ(last[1], Value(2));
@@ -46,27 +39,12 @@ TEST_F(Members, HandBackWhatTheyChange) {
 
 TEST_F(Members, RefuseWhatDoesNotFit) {
     EXPECT_EQ(KindOf("TableFly", {}), ErrorKind::Member);
-    EXPECT_EQ(KindOf("TableDrop", {}, CallKind::Get), ErrorKind::Member);
     EXPECT_EQ(KindOf("ToolID", {"X"}, CallKind::Put), ErrorKind::Member);
     EXPECT_EQ(KindOf("TableDrop", {}), ErrorKind::Conversion);
     EXPECT_EQ(KindOf("TableDrop", {1, 2}), ErrorKind::Argument);
-    EXPECT_EQ(KindOf("TableDrop", {"x"}), ErrorKind::Conversion);
     EXPECT_EQ(KindOf("TableDrop", {1e10}), ErrorKind::Conversion);
     EXPECT_EQ(KindOf("ReturnCode", {40000}, CallKind::Put), ErrorKind::Conversion);
-    EXPECT_EQ(KindOf("IndexMatch", {1, "c1"}), ErrorKind::Conversion);
     EXPECT_EQ(KindOf("LoadTableCombo", {Ws().objComposite()}), ErrorKind::Conversion);
-}
-
-TEST_F(Members, ReachTheDatabaseByName) {
-    AddTable("A");
-    const Value object = Call("ProjectDB");
-    auto database = *object.As<std::shared_ptr<Object>>();
-    Arguments sql{"update Tables set Comments='x'"};
-    EXPECT_EQ(database->Call("Execute", CallKind::Method, sql), Value(1));
-    Arguments query{"select TabID, TableName from Tables"};
-    const Value rows = database->Call("Select", CallKind::Method, query);
-    const auto& row = **(*rows.As<std::shared_ptr<Collection>>())->At("1").As<std::shared_ptr<Collection>>();
-    EXPECT_EQ(row.At("tablename"), Value("A"));
 }
 
 }  // namespace

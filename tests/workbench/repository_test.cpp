@@ -14,10 +14,8 @@ TEST_F(Repository, ANewObjectIsThereFromTheEndOfItsChange) {
     const auto before = FileText();
     object->BeginChange();
     object->SetAttribute("Source", "first");
-    object->SetAttribute("Source", R"(Projects\Orders\DBSCHEMA\Orders.mdb)");
-    EXPECT_EQ(object->TypeName(), "DBSCHEMA");
-    EXPECT_EQ(object->Attribute("Name"), Value("Orders"));
-    EXPECT_EQ(object->Attribute("Source"), Value(R"(Projects\Orders\DBSCHEMA\Orders.mdb)"));
+    object->SetAttribute("Source", "last");
+    EXPECT_EQ(object->Attribute("Source"), Value("last"));
     EXPECT_TRUE(object->Attribute("source").IsNull());
     EXPECT_EQ(KindThrown([&] { repository.FindObject("PROJECT", "Orders")->AddRelation("r", *object); }),
               ErrorKind::Host);
@@ -28,11 +26,10 @@ TEST_F(Repository, ANewObjectIsThereFromTheEndOfItsChange) {
     auto again = OpenRepository();
     const auto found = again.FindObject("DBSCHEMA", "Orders");
     EXPECT_EQ(found->Identifier(), object->Identifier());
-    EXPECT_EQ(found->Attribute("Source"), Value(R"(Projects\Orders\DBSCHEMA\Orders.mdb)"));
-    EXPECT_EQ(again.ObjectById(object->Identifier())->TypeName(), "DBSCHEMA");
+    EXPECT_EQ(found->Attribute("Source"), Value("last"));
 }
 
-TEST_F(Repository, AttributesAreWrittenAtOnceOrTogether) {
+TEST_F(Repository, AttributesAreWrittenAtOnceOrTogetherOrNotAtAll) {
     auto repository = OpenRepository();
     const auto project = repository.FindObject("PROJECT", "Orders");
     const std::string value = "a\tb\r\n\"<あ>&'";
@@ -46,11 +43,7 @@ TEST_F(Repository, AttributesAreWrittenAtOnceOrTogether) {
     project->EndChange();
     EXPECT_EQ(OpenRepository().FindObject("PROJECT", "Orders")->Attribute("Note 1"), Value(""));
     EXPECT_EQ(KindThrown([&] { project->EndChange(); }), ErrorKind::Host);
-}
 
-TEST_F(Repository, ARefusedChangeChangesNothing) {
-    auto repository = OpenRepository();
-    const auto project = repository.FindObject("PROJECT", "Orders");
     const auto before = FileText();
     project->BeginChange();
     project->SetAttribute("Good", "x");

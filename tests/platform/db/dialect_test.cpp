@@ -61,17 +61,6 @@ INSTANTIATE_TEST_SUITE_P(Dialect, DialectCases,
                          testing::Values("reading.txt", "writing.txt", "drop_table.txt", "drop_parts.txt",
                                          "edges.txt"));
 
-// Statements that differ in their constants only share one text.
-TEST(Rewrite, ConstantsBecomeParameters) {
-    const Rewritten first =
-        Rewrite("select * from Columns where TabID=17 and ColumnName='it''s' and IsNullable = True");
-    const Rewritten second =
-        Rewrite("select * from Columns where TabID=9999999999 and ColumnName='a' and IsNullable = false");
-    EXPECT_EQ(first.text, second.text);
-    EXPECT_EQ(first.parameters, (std::vector<Value>{17, "it's", 1}));
-    EXPECT_EQ(second.parameters, (std::vector<Value>{9999999999.0, "a", 0}));
-}
-
 TEST(Rewrite, Refuses) {
     using std::string_literals::operator""s;
     const std::vector<std::string> refused{
@@ -83,32 +72,12 @@ TEST(Rewrite, Refuses) {
         "select * from Tables where TableName='open",
         "select [Tab from Tables",
         "select * from Tables where TabID=?",
-        "select * from Tables where TabID=:id",
         "pragma writable_schema=1",
         "drop table Tables",
         "commit",
     };
     for (const std::string& sql : refused)
         EXPECT_EQ(KindThrown([&] { static_cast<void>(Rewrite(sql)); }), ErrorKind::Sql) << sql;
-}
-
-// Texts come back as they were, quoted the way that all statements are assembled.
-TEST_F(TemporaryDatabase, TextRoundTrip) {
-    const auto database = Open();
-    for (const std::string text :
-         {"'", "|", "'|'", "||", "a | b", "' & Chr(124) & '", "-- /* ; ?", "\"x\"", "日本語's"}) {
-        std::string quoted;
-        for (const char c : text)
-            quoted += c == '\'' ? "''" : c == '|' ? "' & Chr(124) & '" : std::string(1, c);
-        database->Execute("delete from ProjectSettings");
-        database->Execute("insert into ProjectSettings(PropName,Propvalue) values ('x','" + quoted + "')");
-        Query query =
-            database->Select("select PropName from ProjectSettings where PropValue='" + quoted + "'");
-        EXPECT_TRUE(query.Next()) << text;
-        Query value = database->Select("select PropValue from ProjectSettings");
-        ASSERT_TRUE(value.Next());
-        EXPECT_EQ(value.Text("propvalue"), text);
-    }
 }
 
 }  // namespace

@@ -1,4 +1,3 @@
-#include <sys/wait.h>
 #include <unistd.h>
 
 #include <functional>
@@ -42,7 +41,6 @@ TEST_F(OpenTest, Refusals) {
              std::filesystem::create_directory(file);
          }},
         {ErrorKind::Damaged, [&](const path& file) { Write(file, good.substr(0, 50)); }},
-        {ErrorKind::Damaged, [&](const path& file) { Write(file, good.substr(0, good.size() / 2)); }},
         {ErrorKind::Damaged, [&](const path& file) { Write(file, good.substr(0, good.size() - 4096)); }},
         {ErrorKind::Damaged, [&](const path& file) { Write(file, good.substr(0, good.size() - 1)); }},
         {ErrorKind::Damaged, [&](const path& file) { Write(file, good + "x"); }},
@@ -55,7 +53,6 @@ TEST_F(OpenTest, Refusals) {
              Prepare(file, "pragma journal_mode=wal; create table Tables (x)");
          }},
         {ErrorKind::Foreign, [](const path& file) { Prepare(file, "drop table Errors"); }},
-        {ErrorKind::Foreign, [](const path& file) { Prepare(file, "drop index TableName"); }},
         {ErrorKind::Foreign, [](const path& file) { Prepare(file, "drop index TableIDColName"); }},
         {ErrorKind::Newer,
          [](const path& file) { Prepare(file, "pragma user_version=2; drop table Errors"); }},
@@ -110,19 +107,10 @@ TEST_F(OpenTest, ReadOnlyFileOrFolder) {
     for (const auto& [folder, file] : {std::pair{reading, all}, std::pair{all, reading}}) {
         std::filesystem::permissions(folder_.Path(), folder);
         std::filesystem::permissions(path_, file);
-        const pid_t child = fork();
-        if (child == 0) {
-            if (geteuid() == 0 && setuid(65534) != 0) _exit(99);
-            try {
-                static_cast<void>(Open());
-            } catch (const DatabaseError& error) {
-                _exit(error.Kind() == ErrorKind::ReadOnly ? 0 : 2);
-            }
-            _exit(1);
-        }
-        int status = 0;
-        ASSERT_EQ(waitpid(child, &status, 0), child);
-        EXPECT_EQ(status, 0);
+        EXPECT_TRUE(HoldsInChild([&] {
+            if (geteuid() == 0 && setuid(65534) != 0) return false;
+            return KindThrown([&] { static_cast<void>(Open()); }) == ErrorKind::ReadOnly;
+        }));
         std::filesystem::permissions(folder_.Path(), all);
     }
 }
@@ -130,7 +118,6 @@ TEST_F(OpenTest, ReadOnlyFileOrFolder) {
 TEST_F(OpenTest, KeepsItsJournalOnlyWhileOpen) {
     {
         const auto database = Open();
-        EXPECT_EQ(database->Path(), path_.string());
         database->Execute("insert into ProjectSettings(PropName,PropValue) values('a','b')");
         EXPECT_EQ(folder_.Names(), (std::set<std::string>{"DBSchema.mdb", "DBSchema.mdb-journal"}));
         EXPECT_GT(std::filesystem::file_size(path_.string() + "-journal"), 0U);

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <functional>
 
 #include "platform/diagram/diagram_file.h"
 #include "platform/diagram/place.h"
@@ -124,12 +123,6 @@ TEST(Svg, ShowsTextAsItIs) {
           R"(<rect x="12" y="12" width="80" height="32")", R"(d="M92 28 192 28 ")"})
         EXPECT_NE(svg.find(part), std::string::npos) << part << "\n" << svg;
     EXPECT_EQ(svg.find("undrawn"), std::string::npos);
-}
-
-TEST(Svg, FitsWideCharacters) {
-    EXPECT_EQ(FittingWidth("AB"), FittingWidth("表"));
-    EXPECT_EQ(FittingWidth("ABCD"), FittingWidth("한국"));
-    EXPECT_LT(FittingWidth("É"), FittingWidth("AB"));
 }
 
 }  // namespace

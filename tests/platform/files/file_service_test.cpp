@@ -10,15 +10,12 @@ namespace {
 
 TEST(FileService, PathsTakeBothSeparators) {
     EXPECT_EQ(NativePath(R"(/w\Projects/A\A.mdb)"), "/w/Projects/A/A.mdb");
-    EXPECT_EQ(NativePath("/w/..a/b../..."), "/w/..a/b../...");
     const std::string_view refused[] = {"..", "/w/../x", R"(a\..\b)", R"(/w\..)",
                                         std::string_view("a\0b", 3)};
     for (const auto path : refused) {
         EXPECT_THROW((void)NativePath(path), Error) << path;
-        EXPECT_THROW((void)FileExists(path), Error) << path;
         EXPECT_THROW(CreateFolder(path), Error) << path;
         EXPECT_THROW(DeleteFolder(path), Error) << path;
-        EXPECT_THROW((void)SplitPath(path), Error) << path;
         EXPECT_THROW(ReplaceFile(path, ""), Error) << path;
     }
 }
@@ -28,10 +25,8 @@ TEST(FileService, FilesAndFoldersAreToldApart) {
     Write((folder / "file"), "x");
     EXPECT_TRUE(FileExists(folder.Path() + "\\file"));
     EXPECT_FALSE(FileExists(folder.Path()));
-    EXPECT_FALSE(FileExists((folder / "none/file")));
     EXPECT_FALSE(FileExists((folder / "file/below")));
     EXPECT_TRUE(FolderExists(folder.Path() + "\\"));
-    EXPECT_FALSE(FolderExists((folder / "file")));
     EXPECT_THROW((void)FileExists(folder / std::string(300, 'x')), Error);
 }
 
@@ -42,21 +37,11 @@ TEST(FileService, FoldersAreMadeAndDeleted) {
     CreateFolder(folder.Path() + "\\a\\b");
     Write((folder / "a/b/file"), "x");
     EXPECT_THROW(CreateFolder((folder / "a/b/file")), Error);
-    EXPECT_THROW(DeleteFolder((folder / "a/b/file")), Error);
+    std::filesystem::create_directory_symlink("a/b", (folder / "link"));
+    DeleteFolder((folder / "link"));  // and not where it leads
     EXPECT_EQ(Content((folder / "a/b/file")), "x");
-    DeleteFolder((folder / "a"));
+    for (int time = 0; time < 2; ++time) DeleteFolder((folder / "a"));
     EXPECT_TRUE(folder.Names().empty());
-    DeleteFolder((folder / "a"));
-}
-
-TEST(FileService, DeletingALinkedFolderKeepsWhereItLeads) {
-    const TemporaryFolder folder;
-    CreateFolder((folder / "target"));
-    Write((folder / "target/file"), "x");
-    std::filesystem::create_directory_symlink("target", (folder / "link"));
-    DeleteFolder((folder / "link"));
-    EXPECT_EQ(folder.Names(), std::set<std::string>{"target"});
-    EXPECT_EQ(Content((folder / "target/file")), "x");
 }
 
 TEST(FileService, PathsSplitAtTheLastSeparatorAndDot) {
@@ -67,8 +52,6 @@ TEST(FileService, PathsSplitAtTheLastSeparatorAndDot) {
         {R"(/w\P/A.mdb)", R"(/w\P)", "A", ".mdb"},
         {R"(/w/P.x\A)", "/w/P.x", "A", ""},
         {"A.dgm.xml", "", "A.dgm", ".xml"},
-        {"/.hidden", "", ".hidden", ""},
-        {"/w/A.", "/w", "A", "."},
         {"/w/", "/w", "", ""},
     };
     for (const auto& [path, folder, baseName, extension] : cases) {
@@ -86,7 +69,6 @@ TEST(FileService, ReadFileTakesEveryByte) {
     content[70000] = '\r';
     Write((folder / "file"), content);
     EXPECT_EQ(ReadFile((folder / "file")), content);
-    EXPECT_THROW((void)ReadFile((folder / "none")), Error);
     EXPECT_THROW((void)ReadFile(folder.Path()), Error);
 }
 

@@ -8,16 +8,11 @@ namespace tessel {
 namespace {
 
 TEST(SettingsPath, StandsInTheConfigurationFolder) {
-    struct Case {
-        std::string chosen, home, path;
-    };
-    const Case cases[] = {
-        {"/x/config", "/home/u", "/x/config/Tessel.ini"},
-        {"", "/home/u", "/home/u/.config/Tessel.ini"},
-        {"config", "/home/u", "/home/u/.config/Tessel.ini"},
-    };
-    for (const auto& [chosen, home, path] : cases) {
-        const Environment environment{{"XDG_CONFIG_HOME", chosen}, {"HOME", home}};
+    for (const auto& [chosen, path] :
+         std::map<std::string, std::string>{{"/x/config", "/x/config/Tessel.ini"},
+                                            {"", "/home/u/.config/Tessel.ini"},
+                                            {"config", "/home/u/.config/Tessel.ini"}}) {
+        const Environment environment{{"XDG_CONFIG_HOME", chosen}, {"HOME", "/home/u"}};
         EXPECT_EQ(SettingsPath("Tessel"), path);
     }
     const Environment environment{{"XDG_CONFIG_HOME", ""}, {"HOME", ""}};

@@ -20,10 +20,8 @@ std::string FaultOf(std::string_view text) {
 TEST(Document, DamagedTextIsRefusedWithItsLine) {
     const std::pair<std::string_view, std::string> cases[] = {
         {"", "test.xml, line 1:"},
-        {"<!-- only -->", "test.xml, line 1:"},
         {"<a>\n<b>\n</a>", "test.xml, line 3:"},
         {"<a>\n<b x='1'", "test.xml, line 2:"},
-        {"<a/>\n\n<b/>", "test.xml, line 3:"},
         {"<a>\n</a>tail", "test.xml, line 2:"},
         {"<a x='\xE9'/>", "test.xml, line 1:"},
         {std::string_view("<a>\n<b x='\0'/></a>", 18), "test.xml, line 2:"},
@@ -31,7 +29,6 @@ TEST(Document, DamagedTextIsRefusedWithItsLine) {
     for (const auto& [text, fault] : cases)
         EXPECT_TRUE(FaultOf(text).starts_with(fault)) << text << FaultOf(text);
     EXPECT_EQ(FaultOf("<?xml version='1.0' encoding='ISO-8859-1'?><a x='\xE9'/>"), "none");
-    EXPECT_THROW((void)Document::Load("/none.xml"), Error);
 }
 
 TEST(Document, KeepsWhatItDoesNotKnow) {
@@ -53,7 +50,6 @@ TEST(Document, EntitiesAreNotExpanded) {
 TEST(Document, IsChangedAndSaved) {
     const TemporaryFolder folder;
     Document made;
-    EXPECT_FALSE(made.Root());
     auto root = made.AppendRoot("r");
     EXPECT_THROW(made.AppendRoot("s"), Error);
     const std::string value = " a\t\n\r\"'<&>あ";
@@ -67,26 +63,13 @@ TEST(Document, IsChangedAndSaved) {
     const auto children = loaded.Root().Children();
     ASSERT_EQ(children.size(), 2U);
     EXPECT_EQ(children[0].Attribute("v"), value);
-    EXPECT_EQ(children[1].Attribute("v"), "");
-    EXPECT_EQ(children[1].Attribute("w"), std::nullopt);
     Element(children[0]).Remove();
     ASSERT_EQ(loaded.Root().Children().size(), 1U);
     EXPECT_EQ(loaded.Root().Children()[0].Name(), "second");
-}
-
-TEST(Document, RefusesValuesThatXmlCannotHold) {
-    Document document;
-    auto root = document.AppendRoot("r");
-    root.SetAttribute("v", "kept");
-    for (const std::string_view value :
-         {std::string_view("a\0b", 3), std::string_view("\x01"), std::string_view("\xFF")}) {
-        EXPECT_THROW(root.SetAttribute("v", value), Error);
-    }
-    EXPECT_EQ(root.Attribute("v"), "kept");
-    Element none;
-    EXPECT_THROW(none.SetAttribute("v", ""), Error);
-    EXPECT_THROW(none.AppendChild("c"), Error);
-    EXPECT_THROW(none.Remove(), Error);
+    for (const auto refused :
+         {std::string_view("a\0b", 3), std::string_view("\x01"), std::string_view("\xFF")})
+        EXPECT_THROW(root.SetAttribute("v", refused), Error);
+    EXPECT_THROW(Element().Remove(), Error);
 }
 
 TEST(Document, XPathSelectsTheFirstElement) {
@@ -104,11 +87,9 @@ TEST(Document, XPathSelectsTheFirstElement) {
         EXPECT_EQ(value(second.SelectSingleNode(".//LIST")), "2");
         EXPECT_EQ(value(second.SelectSingleNode("//LIST")), "1");
         EXPECT_EQ(document.SelectSingleNode("//LIST[@VALUE='2']/ancestor::*").Name(), "o");
-        EXPECT_FALSE(document.SelectSingleNode("//LIST[@NAME='y']"));
         EXPECT_FALSE(Element().SelectSingleNode("//LIST"));
-        for (const auto* wrong : {"//LIST[", "1 + 1", ""}) {
+        for (const auto* wrong : {"//LIST[", "1 + 1", ""})
             EXPECT_THROW((void)document.SelectSingleNode(wrong), Error) << wrong;
-        }
     }
 }
 

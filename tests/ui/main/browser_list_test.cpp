@@ -1,32 +1,12 @@
 #include "ui/main/browser_list.h"
 
-#include "support/schema_test.h"
+#include <gtest/gtest.h>
 
 namespace tessel {
 
 using Kind = BrowserChange::Kind;
 
-void PrintTo(const BrowserRow& row, std::ostream* out) {
-    *out << row.key << '|' << row.text << '|' << row.description << '|' << row.tag;
-}
-void PrintTo(const BrowserChange& change, std::ostream* out) {
-    *out << static_cast<int>(change.kind) << ' ' << change.row << ' ' << change.to;
-}
-
 namespace test {
-
-using BrowserListTest = SchemaTest;
-
-TEST_F(BrowserListTest, HoldsTheTablesOfTheDatabaseSortedWithTheirCommentsOnOneLine) {
-    for (const char* name : {"berry", "CHERRY", "Apple"}) AddTable(name);
-    ASSERT_TRUE(Ws().TableUpdate(1, Missing{}, Missing{}, "  two\r\nlines\tand a tab ", Missing{}));
-    Db().Execute("update Tables set CVRL = 'text:x' where TabID = 2");
-    BrowserList list;
-    list.Refresh(Db());
-    const std::vector<BrowserRow> expected = {
-        {"t3", "Apple", "", ""}, {"t1", "berry", "two  lines and a tab", ""}, {"t2", "CHERRY", "", "text:x"}};
-    EXPECT_EQ(list.Rows(), expected);
-}
 
 TEST(BrowserListRules, ADrawnTableGoesToItsPlaceAndTheWatcherIsTold) {
     struct {

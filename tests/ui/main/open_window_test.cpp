@@ -13,12 +13,6 @@ namespace tessel::test {
 
 class OpenWindowTest : public WindowTest {
   protected:
-    void DamageDatabase() {
-        const auto schemaFolder = folder / "Projects/Demo/DBSCHEMA";
-        std::filesystem::create_directories(schemaFolder);
-        std::ofstream(schemaFolder + "/Demo.mdb") << "no database at all";
-    }
-
     // What is printed on stderr when no picture can be saved.
     std::string Refusal(const std::string& picture) {
         testing::internal::CaptureStderr();
@@ -28,14 +22,13 @@ class OpenWindowTest : public WindowTest {
     }
 };
 
-TEST_F(OpenWindowTest, RunsUntilTheWindowIsClosed) {
+TEST_F(OpenWindowTest, RunsUntilItIsClosedAndSaysWhyItCannotStart) {
     WhenOpen("frmMain", [](QWidget& window) { window.close(); });
     EXPECT_EQ(ShowWindow(state, frontend), 0);
     EXPECT_FALSE(state.window);
-}
 
-TEST_F(OpenWindowTest, SaysWhyItCannotStart) {
-    DamageDatabase();
+    const auto database = folder / "Projects/Demo/DBSCHEMA/Demo.mdb";
+    std::ofstream(database) << "no database at all";
     QString reason;
     WhenOpen("messageBox", [&](QWidget& window) {
         reason = dynamic_cast<QMessageBox&>(window).informativeText();
@@ -81,18 +74,14 @@ TEST(ApplicationTest, ReportsWhatAnEventThrows) {
 }
 
 TEST(ApplicationTest, ButtonsSpeakTheLanguageThatIsInstalled) {
-    auto& application = dynamic_cast<Application&>(*qApp);
     const QString folder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
     const bool installed = std::filesystem::exists((folder + "/qtbase_ja.qm").toStdString());
-    const auto cancel = [] {
-        return QMessageBox(QMessageBox::NoIcon, "", "", QMessageBox::Cancel)
-            .button(QMessageBox::Cancel)
-            ->text();
-    };
-    application.UseLanguage("ja");
-    EXPECT_EQ(cancel(), installed ? "キャンセル" : "Cancel");
-    application.UseLanguage("en");
-    EXPECT_EQ(cancel(), "Cancel");
+    for (const auto& [language, text] :
+         {std::pair{"ja", installed ? "キャンセル" : "Cancel"}, {"en", "Cancel"}}) {
+        dynamic_cast<Application&>(*qApp).UseLanguage(language);
+        const QMessageBox box(QMessageBox::NoIcon, "", "", QMessageBox::Cancel);
+        EXPECT_EQ(box.button(QMessageBox::Cancel)->text(), text);
+    }
 }
 
 }  // namespace tessel::test

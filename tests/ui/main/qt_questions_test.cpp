@@ -27,7 +27,6 @@ TEST(QtQuestionsTest, AMessageBoxShowsItsIconAndReturnsTheButton) {
         {Icon::None, Buttons::OK, QMessageBox::NoIcon, QMessageBox::Ok, 1, Answer::OK},
         {Icon::Critical, Buttons::OKCancel, QMessageBox::Critical, QMessageBox::Ok, 2, Answer::OK},
         {Icon::Exclamation, Buttons::OKCancel, QMessageBox::Warning, QMessageBox::Cancel, 2, Answer::Cancel},
-        {Icon::Warning, Buttons::YesNo, QMessageBox::Warning, QMessageBox::Yes, 2, Answer::Yes},
         {Icon::Information, Buttons::YesNo, QMessageBox::Information, QMessageBox::No, 2, Answer::No},
     };
     for (const auto& expected : cases) {
@@ -61,8 +60,6 @@ TEST(QtQuestionsTest, NamesAreNeverMarkup) {
 TEST(QtQuestionsTest, TheInputDialogReturnsWhatWasTyped) {
     const auto ask = [](const QString& typed, QDialogButtonBox::StandardButton button) {
         WhenOpen("inputDialog", [=](QWidget& dialog) {
-            EXPECT_EQ(dialog.windowTitle(), "Tessel");
-            EXPECT_EQ(dialog.findChild<QLabel*>()->text(), "Name");
             auto& field = *dialog.findChild<QLineEdit*>("txtInput");
             EXPECT_EQ(field.text(), "old");
             EXPECT_EQ(field.selectedText(), "old");
