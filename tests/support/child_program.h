@@ -7,6 +7,7 @@
 #include <csignal>
 #include <cstdio>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tessel::test {
@@ -47,8 +48,7 @@ class ChildProgram {
         return {};
     }
     void CloseInput() {
-        if (input_) std::fclose(input_);
-        input_ = nullptr;
+        if (std::FILE* input = std::exchange(input_, nullptr)) std::fclose(input);
     }
     void Kill() {
         kill(child_, SIGKILL);
