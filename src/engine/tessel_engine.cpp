@@ -30,6 +30,9 @@ std::shared_ptr<host::RepositoryObject> MakeSchemaObject(host::Frontend& fronten
                                                          host::RepositoryObject& project,
                                                          const std::string& projectName) {
     auto object = frontend.RepositoryOf()->NewObject(schemaType, projectName);
+    // Another program may have made its own since this one looked.
+    const auto other = FindObject(frontend, projectName);
+    if (other && other->Identifier() != object->Identifier()) return other;
     object->BeginChange();
     object->SetAttribute("Source", "Projects\\" + projectName + "\\DBSCHEMA\\" + projectName + ".mdb");
     object->EndChange();
