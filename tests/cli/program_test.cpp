@@ -19,11 +19,8 @@ Outcome RunProgram(const std::vector<std::string>& arguments, const std::vector<
     std::vector<std::string> command{TESSEL_PROGRAM};
     command.insert(command.end(), arguments.begin(), arguments.end());
     ChildProgram program(command);
-    for (const auto& line : input) program.WriteLine(line);
-    program.CloseInput();
     std::string output;
-    for (std::string line = program.ReadLine(); !line.empty(); line = program.ReadLine())
-        output += line + "\n";
+    for (const auto& line : program.Feed(input)) output += line + "\n";
     return {program.Wait(), output};
 }
 

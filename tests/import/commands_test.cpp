@@ -24,10 +24,7 @@ class ImportProgram : public testing::Test {
         Lines command{TESSEL_PROGRAM, "--workspace", folder / "w", "--lang", "en"};
         command.insert(command.end(), arguments.begin(), arguments.end());
         ChildProgram program(command);
-        program.CloseInput();
-        Lines lines;
-        for (std::string line = program.ReadLine(); !line.empty(); line = program.ReadLine())
-            lines.push_back(line);
+        const Lines lines = program.Feed({});
         EXPECT_EQ(program.Wait(), code) << testing::PrintToString(lines);
         return lines;
     }

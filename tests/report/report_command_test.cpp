@@ -20,11 +20,7 @@ class ReportProgram : public testing::Test {
         Strings command{TESSEL_PROGRAM, "--workspace", folder / "w", "--lang", "en"};
         command.insert(command.end(), options.begin(), options.end());
         ChildProgram program(command);
-        if (!input.empty()) program.WriteLine(input);
-        program.CloseInput();
-        lines.clear();
-        for (std::string line = program.ReadLine(); !line.empty(); line = program.ReadLine())
-            lines.push_back(line);
+        lines = program.Feed(input.empty() ? std::vector<std::string>{} : std::vector<std::string>{input});
         return program.Wait();
     }
     void AddTable() {

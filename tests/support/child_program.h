@@ -47,6 +47,14 @@ class ChildProgram {
         }
         return {};
     }
+    // Hands over these lines as the whole input; the lines that come out, up to an empty one or the end.
+    std::vector<std::string> Feed(const std::vector<std::string>& input) {
+        for (const auto& line : input) WriteLine(line);
+        CloseInput();
+        std::vector<std::string> lines;
+        for (std::string line = ReadLine(); !line.empty(); line = ReadLine()) lines.push_back(line);
+        return lines;
+    }
     void CloseInput() {
         if (std::FILE* input = std::exchange(input_, nullptr)) std::fclose(input);
     }

@@ -21,12 +21,8 @@ class VerifyProgram : public testing::Test {
     }
     static Lines Run(const Lines& command, const std::string& input = {}) {
         ChildProgram program(command);
-        if (!input.empty()) program.WriteLine(input);
-        program.CloseInput();
-        Lines lines{""};
-        for (std::string line = program.ReadLine(); !line.empty(); line = program.ReadLine())
-            lines.push_back(line);
-        lines.front() = std::to_string(program.Wait());
+        Lines lines = program.Feed(input.empty() ? Lines{} : Lines{input});
+        lines.insert(lines.begin(), std::to_string(program.Wait()));
         return lines;
     }
     void Call(const std::string& line) const {
