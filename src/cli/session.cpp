@@ -21,10 +21,12 @@ std::unique_ptr<Session> OpenSession(const SessionOptions& options) {
     auto folder = workbench::WorkspaceFolder::Open(options.workspace);
     const std::string project = folder.ChooseProject(options.project);
 
+    const std::string language = options.language.value_or(text::LanguageOfLocale());
+
     auto session = std::make_unique<Session>();
-    session->frontend = std::make_shared<workbench::StandAloneFrontend>(std::move(folder), project, share);
-    session->state.texts =
-        std::make_shared<text::Texts>(share + "/texts", options.language.value_or(text::LanguageOfLocale()));
+    session->frontend =
+        std::make_shared<workbench::StandAloneFrontend>(std::move(folder), project, share, language);
+    session->state.texts = std::make_shared<text::Texts>(share + "/texts", language);
     session->state.codePage = std::make_shared<text::CodePage>(text::CodePage::FromEnvironment());
     return session;
 }

@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "host/activity_log.h"
 #include "platform/xml/document.h"
 #include "tessel/object.h"
 
@@ -16,6 +17,10 @@ class RepositoryObject : public Object {
   public:
     [[nodiscard]] virtual std::string Identifier() const = 0;
     [[nodiscard]] virtual std::string TypeName() const = 0;  // "PROJECT", "DBSCHEMA", "TABLE", ...
+    [[nodiscard]] virtual std::string Label() const = 0;     // what people call it
+
+    // The names of all its attributes, in the order of setting.
+    [[nodiscard]] virtual std::vector<std::string> AttributeNames() const = 0;
 
     [[nodiscard]] virtual Value Attribute(const std::string& name) const = 0;  // Null when it is not set
     virtual void SetAttribute(const std::string& name, const std::string& value) = 0;
@@ -42,12 +47,16 @@ class Repository : public Object {
         const RepositoryObject& project, const std::string& type) = 0;
     // The type of the object with this identifier; empty when there is none.
     [[nodiscard]] virtual std::string TypeNameOf(const std::string& identifier) = 0;
+
+    // The file of the icon that stands for objects of the type, in the folder Icons.
+    [[nodiscard]] virtual std::string EntityIcon(const std::string& type) = 0;
 };
 
 // The loaded source text behind a repository object.
 class OriginSource {
   public:
     virtual ~OriginSource() = default;
+    [[nodiscard]] virtual std::string Text() const = 0;  // empty once closed
     virtual void Close() = 0;
 };
 
@@ -61,6 +70,14 @@ inline constexpr int projectName = 7;
 inline constexpr int templates = 13;  // the folder of the template database
 }  // namespace name_item
 
+// A tree of options that the user may edit.
+class Options {
+  public:
+    virtual ~Options() = default;
+    [[nodiscard]] virtual const xml::Document& Document() = 0;  // as it is now; good until the next call
+    virtual void Save(const xml::Document& document) = 0;       // in place of what was there
+};
+
 // The host object. The same members answer to Call.
 class Frontend : public Object {
   public:
@@ -70,6 +87,17 @@ class Frontend : public Object {
 
     // The tree of the workspace options.
     [[nodiscard]] virtual const xml::Document& WorkspaceOptions() = 0;
+
+    // The trees of the options that hold for the whole installation, and for the project.
+    [[nodiscard]] virtual const xml::Document& GlobalOptions() = 0;
+    [[nodiscard]] virtual std::shared_ptr<Options> ProjectOptions() = 0;
+
+    // The activity log, the same one at every call.
+    [[nodiscard]] virtual std::shared_ptr<ActivityLog> Log() = 0;
+
+    // A window of the editor opens, and the editor ends.
+    virtual void Initiate(const std::shared_ptr<Object>& window) = 0;
+    virtual void Terminate() = 0;
 
     // The kind of a repository object, such as "DATAPORT".
     [[nodiscard]] virtual std::string ObjectKind(const RepositoryObject& object) = 0;

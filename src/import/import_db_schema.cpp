@@ -3,6 +3,7 @@
 #include <unordered_set>
 
 #include "platform/component/convert.h"
+#include "platform/files/file_service.h"
 #include "schema/action.h"
 #include "schema/object_date.h"
 #include "schema/sql_text.h"
@@ -41,11 +42,16 @@ ImportOutcome modImportDBSchema::SyncDBSchema() {
     return outcome;
 }
 
+std::string modImportDBSchema::RepositoryFilename() const {
+    return state_.Frontend().GetCorvaneName(host::name_item::workspaceFolder) + "\\DBSchema.mdb";
+}
+
+bool modImportDBSchema::HasRepository() const { return files::FileExists(RepositoryFilename()); }
+
 void modImportDBSchema::Run(ImportOutcome& outcome) {
     tableOfObject_.clear();
     matched_.clear();
-    const auto repository = db::Database::Open(
-        state_.Frontend().GetCorvaneName(host::name_item::workspaceFolder) + "\\DBSchema.mdb");
+    const auto repository = db::Database::Open(RepositoryFilename());
     Match(*repository, outcome);
     RunKept(*repository, outcome);
 }

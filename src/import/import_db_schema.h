@@ -16,6 +16,9 @@ class modImportDBSchema {
   public:
     explicit modImportDBSchema(ComponentState& state) : state_(state) {}
 
+    // Whether there is a repository-wide schema database at all.
+    [[nodiscard]] bool HasRepository() const;
+
     // Compares the project's tables that are linked to a repository object of the type "TABLE" with the
     // objects of that type that are no views and have a table of the same name in the repository-wide schema
     // database. While each is there and none is older than its object, nothing happens. Otherwise all linked
@@ -40,6 +43,7 @@ class modImportDBSchema {
         Value created;
     };
 
+    [[nodiscard]] std::string RepositoryFilename() const;
     void Run(ImportOutcome& outcome);
     void Match(db::Database& repository, ImportOutcome& outcome);
     void RunKept(db::Database& repository, ImportOutcome& outcome);

@@ -91,7 +91,10 @@ std::string StandAloneGenerator::DiagramFragment(const std::string& diagramFile,
     } catch (const Error& error) {
         WriteLog(error.what());
     }
-    placed.boxes.empty() ? diagram::PlaceBoxes(drawing) : diagram::TakePlaces(drawing, placed);
+    if (placed.boxes.empty())
+        diagram::PlaceBoxes(drawing);
+    else
+        diagram::TakePlaces(drawing, placed);
     return "<div class=\"diagram\">" + diagram::Svg(drawing, pageName) + "</div>";
 }
 

@@ -125,6 +125,14 @@ std::optional<std::string> RepositoryContents::Attribute(const std::string& iden
     return AttributeOf(Object(identifier), name);
 }
 
+std::vector<std::string> RepositoryContents::AttributeNames(const std::string& identifier) const {
+    std::vector<std::string> names;
+    for (const auto& child : Object(identifier).Children())
+        if (const auto name = child.Attribute("name"); name && child.Name() == "attribute")
+            names.push_back(*name);
+    return names;
+}
+
 std::optional<std::string> RepositoryContents::Find(const std::string& type, const std::string& name) const {
     if (namesAreOld_) EnterAllNames();
     const auto found = identifiers_.find(NameKey(type, name));

@@ -34,6 +34,8 @@ class RepositoryContents {
     [[nodiscard]] std::string TypeOf(const std::string& identifier) const;
     [[nodiscard]] std::optional<std::string> Attribute(const std::string& identifier,
                                                        const std::string& name) const;
+    // In the order of the document.
+    [[nodiscard]] std::vector<std::string> AttributeNames(const std::string& identifier) const;
     // The first object of this type whose attribute "Name" is `name`.
     [[nodiscard]] std::optional<std::string> Find(const std::string& type, const std::string& name) const;
     // The names of all objects of the type, in the order of the document.

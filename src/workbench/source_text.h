@@ -12,7 +12,7 @@ class SourceText : public host::OriginSource {
     // Throws ErrorKind::File when the file cannot be read.
     explicit SourceText(const std::string& path);
 
-    [[nodiscard]] const std::string& Text() const { return text_; }  // empty once closed
+    [[nodiscard]] std::string Text() const override { return text_; }
     void Close() override { text_.clear(); }
 
   private:

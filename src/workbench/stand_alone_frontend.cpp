@@ -3,14 +3,34 @@
 #include "platform/component/member_table.h"
 #include "tessel/error.h"
 #include "workbench/source_text.h"
+#include "workbench/stored_log.h"
 
 namespace tessel::workbench {
+namespace {
 
-StandAloneFrontend::StandAloneFrontend(WorkspaceFolder folder, std::string project, std::string share)
+constexpr int editorOpened = 2130;
+constexpr int editorClosed = 2131;
+
+xml::Document NoOptions() {
+    xml::Document options;
+    options.AppendRoot("OPTIONS");
+    return options;
+}
+
+}  // namespace
+
+StandAloneFrontend::StandAloneFrontend(WorkspaceFolder folder, std::string project, std::string share,
+                                       std::string language)
     : folder_(std::move(folder)),
       project_(std::move(project)),
       share_(std::move(share)),
-      repository_(std::make_shared<StoredRepository>(folder_.File())) {}
+      language_(std::move(language)),
+      repository_(std::make_shared<StoredRepository>(folder_.File())),
+      workspaceOptions_(folder_.Path() + "/Options/workspace.xml"),
+      globalOptions_(folder_.Path() + "/Options/global.xml", NoOptions),
+      projectOptions_(std::make_shared<OptionFile>(
+          folder_.Path() + "/Options/project.xml",
+          [path = share_ + "/options/project.xml"] { return xml::Document::Load(path); })) {}
 
 std::shared_ptr<host::RepositoryObject> StandAloneFrontend::ProjectObject() {
     return repository_->FindObject(projectType, project_);
@@ -34,13 +54,23 @@ std::string StandAloneFrontend::GetCorvaneName(int item) {
     }
 }
 
-const xml::Document& StandAloneFrontend::WorkspaceOptions() {
-    const std::string path = folder_.Path() + "/Options/workspace.xml";
-    if (const FileStamp stamp = StampOf(path); stamp != optionsStamp_) {
-        options_ = xml::Document::Load(path);
-        optionsStamp_ = stamp;
-    }
-    return options_;
+std::shared_ptr<host::ActivityLog> StandAloneFrontend::Log() {
+    if (!log_) log_ = std::make_shared<StoredLog>(folder_.Path() + "/Projects/" + project_ + "/activity.log");
+    return log_;
+}
+
+void StandAloneFrontend::WriteToLog(int text) {
+    Log()->Write(text::Texts(share_ + "/texts", language_).Text(text), "");
+}
+
+void StandAloneFrontend::Initiate(const std::shared_ptr<Object>& window) {
+    window_ = window;
+    WriteToLog(editorOpened);
+}
+
+void StandAloneFrontend::Terminate() {
+    window_.reset();
+    WriteToLog(editorClosed);
 }
 
 std::string StandAloneFrontend::ObjectKind(const host::RepositoryObject& object) {
@@ -58,7 +88,10 @@ Value StandAloneFrontend::Call(std::string_view member, CallKind kind, Arguments
     static const MemberTable<StandAloneFrontend> members{
         Getter<&StandAloneFrontend::ProjectObject>("ProjectObject"),
         Getter<&StandAloneFrontend::RepositoryOf>("Repository"),
+        Getter<&StandAloneFrontend::Window>("Window"),
         Method<&StandAloneFrontend::GetCorvaneName>("GetCorvaneName"),
+        Method<&StandAloneFrontend::Initiate>("Initiate"),
+        Method<&StandAloneFrontend::Terminate>("Terminate"),
     };
     return members.Call(*this, member, kind, arguments);
 }

@@ -28,6 +28,23 @@ std::string StoredObject::TypeName() const {
     return draft_ && draft_->newType ? *draft_->newType : file_->Contents().TypeOf(identifier_);
 }
 
+std::string StoredObject::Label() const {
+    for (const auto* name : {"Label", "Name"}) {
+        const Value value = Attribute(name);
+        if (const auto* text = value.As<std::string>(); text && !text->empty()) return *text;
+    }
+    return {};
+}
+
+std::vector<std::string> StoredObject::AttributeNames() const {
+    std::vector<std::string> names;
+    if (!draft_ || !draft_->newType) names = file_->Contents().AttributeNames(identifier_);
+    if (!draft_) return names;
+    for (const auto& [name, value] : draft_->attributes)
+        if (std::ranges::count(names, name) == 0) names.push_back(name);
+    return names;
+}
+
 Value StoredObject::Attribute(const std::string& name) const {
     if (draft_) {
         const auto latest = std::views::reverse(draft_->attributes);
@@ -98,6 +115,7 @@ Value StoredObject::Call(std::string_view member, CallKind kind, Arguments& argu
     static const MemberTable<StoredObject> members{
         Getter<&StoredObject::Identifier>("Identifier"),
         Getter<&StoredObject::TypeName>("TypeName"),
+        Getter<&StoredObject::Label>("Label"),
         Method<&StoredObject::Attribute>("Attribute"),
         Method<&StoredObject::SetAttribute>("SetAttribute"),
         Method<&StoredObject::BeginChange>("BeginChange"),

@@ -24,6 +24,9 @@ class StoredObject : public host::RepositoryObject {
 
     [[nodiscard]] std::string Identifier() const override { return identifier_; }
     [[nodiscard]] std::string TypeName() const override;
+    // The attribute "Label", or "Name" where that is not set or empty.
+    [[nodiscard]] std::string Label() const override;
+    [[nodiscard]] std::vector<std::string> AttributeNames() const override;
     [[nodiscard]] Value Attribute(const std::string& name) const override;
     void SetAttribute(const std::string& name, const std::string& value) override;
     void BeginChange() override;

@@ -6,6 +6,13 @@
 
 namespace tessel::workbench {
 
+namespace {
+
+constexpr std::pair<const char*, const char*> icons[] = {{"DBSCHEMA", "DBSchema.svg"},
+                                                         {"TABLE", "Table.svg"}};
+
+}  // namespace
+
 std::shared_ptr<host::RepositoryObject> StoredRepository::FindObject(const std::string& type,
                                                                      const std::string& name) {
     auto identifier = file_->Contents().Find(type, name);
@@ -41,6 +48,12 @@ std::string StoredRepository::TypeNameOf(const std::string& identifier) {
     return contents->HasObject(identifier) ? contents->TypeOf(identifier) : std::string();
 }
 
+std::string StoredRepository::EntityIcon(const std::string& type) {
+    for (const auto& [entity, icon] : icons)
+        if (type == entity) return icon;
+    throw Error(ErrorKind::Host, "Objects of the type " + type + " have no icon.");
+}
+
 std::shared_ptr<Collection> StoredRepository::PreparedCollection(const host::RepositoryObject& project,
                                                                  const std::string& type) {
     auto collection = std::make_shared<Collection>();
@@ -56,6 +69,7 @@ Value StoredRepository::Call(std::string_view member, CallKind kind, Arguments& 
         Method<&StoredRepository::NewObject>("NewObject"),
         Method<&StoredRepository::ObjectById>("Object"),
         Method<&StoredRepository::PreparedCollection>("PrepareCollection"),
+        Method<&StoredRepository::EntityIcon>("EntityIcon"),
     };
     return members.Call(*this, member, kind, arguments);
 }

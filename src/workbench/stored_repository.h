@@ -27,9 +27,11 @@ class StoredRepository : public host::Repository {
     [[nodiscard]] std::vector<std::shared_ptr<host::RepositoryObject>> PrepareCollection(
         const host::RepositoryObject& project, const std::string& type) override;
     [[nodiscard]] std::string TypeNameOf(const std::string& identifier) override;
+    // Throws ErrorKind::Host for a type that has no icon.
+    [[nodiscard]] std::string EntityIcon(const std::string& type) override;
 
-    // FindObject, NewObject, ObjectById under the name Object, and PrepareCollection, which gives a keyed
-    // collection under the identifiers.
+    // FindObject, NewObject, ObjectById under the name Object, EntityIcon, and PrepareCollection, which gives
+    // a keyed collection under the identifiers.
     Value Call(std::string_view member, CallKind kind, Arguments& arguments) override;
 
   private:

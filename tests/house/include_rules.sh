@@ -24,15 +24,18 @@ declare -A mayInclude=(
     [report]="$platform host schema"
     [engine]="$platform host schema verify import report"
     [workbench]="$platform host"
-    [ui]="$platform host schema verify import report engine"
-    [cli]="$platform host schema verify import report engine workbench ui"
+    [ui/rules]="$platform host schema verify import report engine"
+    [ui/controls]="$platform host schema verify import report engine ui/rules"
+    [ui/dialogs]="$platform host schema verify import report engine ui/rules ui/controls"
+    [ui/main]="$platform host schema verify import report engine ui/rules ui/controls ui/dialogs"
+    [cli]="$platform host schema verify import report engine workbench ui/main"
 )
 
 # Sets `room` to the room that the path below src/ (or include/) belongs to.
 FindRoom() {
     local rest=${1#*/}
     room=${1%%/*}
-    [ "$room" != platform ] || room+=/${rest%%/*}
+    case "$room" in platform | ui) room+=/${rest%%/*} ;; esac
 }
 
 Blame() {
@@ -52,7 +55,7 @@ BelongsTo() {
 
 CheckLibrary() {
     case "$included" in
-    '<Q'[A-Za-z]* | '"Q'[A-Z]* | '<q'*'.h>') BelongsTo Qt 'src/ui/*' 'src/cli/*' ;;
+    '<Q'[A-Za-z]* | '"Q'[A-Z]* | '<q'*'.h>') BelongsTo Qt 'src/ui/controls/*' 'src/ui/dialogs/*' 'src/ui/main/*' ;;
     ?sqlite3*.h?) BelongsTo sqlite3.h 'src/platform/db/*.cpp' ;;
     ?pugi*.hpp?) BelongsTo pugixml.hpp 'src/platform/xml/*.cpp' ;;
     ?gvc.h? | ?cgraph.h?) BelongsTo gvc.h 'src/platform/diagram/*.cpp' ;;

@@ -38,8 +38,8 @@ TEST_F(OriginSources, LoadsOnceAndReleases) {
     EXPECT_TRUE(Locate(Id(1)));
     EXPECT_FALSE(Locate(Id(4)));
     EXPECT_FALSE(Locate(""));
-    EXPECT_EQ(frontend->log, (std::vector<std::string>{LoadOf("a.txt"), "close", LoadOf("broken.txt"),
-                                                       LoadOf("a.txt"), "close"}));
+    EXPECT_EQ(frontend->loads, (std::vector<std::string>{LoadOf("a.txt"), "close", LoadOf("broken.txt"),
+                                                         LoadOf("a.txt"), "close"}));
     EXPECT_THROW((void)Locate("unknown"), Error);
 }
 

@@ -16,6 +16,8 @@ TEST_F(Repository, ANewObjectIsThereFromTheEndOfItsChange) {
     object->SetAttribute("Source", "first");
     object->SetAttribute("Source", "last");
     EXPECT_EQ(object->Attribute("Source"), Value("last"));
+    EXPECT_EQ(object->AttributeNames(), (std::vector<std::string>{"Name", "Source"}));
+    EXPECT_EQ(object->Label(), "Orders");
     EXPECT_TRUE(object->Attribute("source").IsNull());
     EXPECT_EQ(KindThrown([&] { repository.FindObject("PROJECT", "Orders")->AddRelation("r", *object); }),
               ErrorKind::Host);
@@ -38,7 +40,10 @@ TEST_F(Repository, AttributesAreWrittenAtOnceOrTogetherOrNotAtAll) {
 
     project->BeginChange();
     project->SetAttribute("Note 1", "");
+    project->SetAttribute("Label", "All orders");
     EXPECT_EQ(project->Attribute("Note 1"), Value(""));
+    EXPECT_EQ(project->AttributeNames(), (std::vector<std::string>{"Name", "Note 1", "Label"}));
+    EXPECT_EQ(project->Label(), "All orders");
     EXPECT_EQ(OpenRepository().FindObject("PROJECT", "Orders")->Attribute("Note 1"), Value(value));
     project->EndChange();
     EXPECT_EQ(OpenRepository().FindObject("PROJECT", "Orders")->Attribute("Note 1"), Value(""));

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "workbench/source_text.h"
 #include "workbench/workspace_fixture.h"
 
 namespace tessel::workbench {
@@ -11,6 +10,7 @@ namespace {
 class Frontend : public WorkspaceFixture {
   protected:
     StandAloneFrontend frontend_{Open(), "Orders", "/share/tessel"};
+    StandAloneFrontend installed_{Open(), "Orders", TESSEL_SHARE, "ja"};
 };
 
 TEST_F(Frontend, GivesItsNames) {
@@ -32,6 +32,47 @@ TEST_F(Frontend, OptionsHoldTheEncodingOfTheObjectComputer) {
     EXPECT_EQ(KindThrown([&] { (void)without.WorkspaceOptions(); }), ErrorKind::File);
 }
 
+TEST_F(Frontend, GlobalOptionsMayBeMissingAndAreReadAnewWhenTheyChange) {
+    const std::string path = "//CASE[@ID='Vantrel']";
+    const std::string file = folder_ / "w/Options/global.xml";
+    EXPECT_FALSE(frontend_.GlobalOptions().SelectSingleNode(path));
+    Write(file, "<OPTIONS><CASE ID='Vantrel' VALUE='1'/></OPTIONS>");
+    EXPECT_EQ(frontend_.GlobalOptions().SelectSingleNode(path).Attribute("VALUE"), "1");
+    Write(file, "<OPTIONS><CASE");
+    EXPECT_EQ(KindThrown([&] { (void)frontend_.GlobalOptions(); }), ErrorKind::Xml);
+    std::filesystem::remove(file);
+    EXPECT_FALSE(frontend_.GlobalOptions().SelectSingleNode(path));
+}
+
+TEST_F(Frontend, ProjectOptionsAreTheInstallationsUntilTheyAreSaved) {
+    const std::string path = "//CASE[@ID='VNT']/BOOL[@NAME='ImportAtStart']";
+    std::filesystem::remove_all(folder_ / "w/Options");
+    const auto options = installed_.ProjectOptions();
+    EXPECT_EQ(options->Document().SelectSingleNode(path).Attribute("VALUE"), "True");
+    auto changed = xml::Document::Parse(options->Document().Text(), "copy");
+    changed.SelectSingleNode(path).SetAttribute("VALUE", "False");
+    changed.Root().AppendChild("UNKNOWN");
+    options->Save(changed);
+    StandAloneFrontend later(Open(), "Orders", TESSEL_SHARE);
+    for (auto* frontend : {&installed_, &later}) {
+        const auto& document = frontend->ProjectOptions()->Document();
+        EXPECT_EQ(document.SelectSingleNode(path).Attribute("VALUE"), "False");
+        EXPECT_TRUE(document.SelectSingleNode("//UNKNOWN"));
+    }
+}
+
+TEST_F(Frontend, TheLogTellsWhenTheEditorOpensAndEnds) {
+    const std::shared_ptr<Object> window = std::make_shared<StoredRepository>(Open().File());
+    installed_.Initiate(window);
+    EXPECT_EQ(installed_.Window(), window);
+    installed_.Terminate();
+    EXPECT_EQ(installed_.Window(), nullptr);
+    const auto activities = StandAloneFrontend(Open(), "Orders", "").Log()->Activities();
+    ASSERT_EQ(activities.size(), 2U);
+    EXPECT_EQ(activities[0].action, "エディターを開きました");
+    EXPECT_EQ(activities[1].action, "エディターを閉じました");
+}
+
 TEST_F(Frontend, KindIsAnAttributeOrTheType) {
     const auto project = frontend_.ProjectObject();
     for (const auto& [attribute, kind] : {std::pair("DATAPORT", "DATAPORT"), {"", "PROJECT"}}) {
@@ -44,7 +85,7 @@ TEST_F(Frontend, LoadsSourceTexts) {
     Write((folder_ / "w/Projects/a.cbl"), "MOVE A TO B.");
     const auto project = frontend_.ProjectObject();
     const auto source = frontend_.LoadSource((folder_ / "w") + "\\Projects\\a.cbl", *project);
-    EXPECT_EQ(dynamic_cast<SourceText&>(*source).Text(), "MOVE A TO B.");
+    EXPECT_EQ(source->Text(), "MOVE A TO B.");
     EXPECT_EQ(KindThrown([&] { (void)frontend_.LoadSource((folder_ / "none"), *project); }), ErrorKind::File);
 }
 
@@ -70,6 +111,10 @@ TEST_F(Frontend, AnswersCallsByName) {
     EXPECT_EQ(CallOn(found, "Identifier", CallKind::Get), identifier);
     const auto same = CallOn(repository, "Object", CallKind::Method, {identifier});
     EXPECT_EQ(CallOn(same, "TypeName", CallKind::Get), Value("DBSCHEMA"));
+    EXPECT_EQ(CallOn(same, "Label", CallKind::Get), Value("Orders"));
+    EXPECT_EQ(CallOn(repository, "EntityIcon", CallKind::Method, {"DBSCHEMA"}), Value("DBSchema.svg"));
+    EXPECT_EQ(KindThrown([&] { CallOn(repository, "EntityIcon", CallKind::Method, {"X"}); }),
+              ErrorKind::Host);
     EXPECT_EQ(CallOn(same, "Attribute", CallKind::Method, {"Source"}), Value("x"));
     const auto related = CallOn(project, "Related", CallKind::Method, {"IncludesDBSchema"});
     EXPECT_TRUE((*related.As<std::shared_ptr<Collection>>())->HasKey(*identifier.As<std::string>()));

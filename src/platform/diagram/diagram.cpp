@@ -1,6 +1,7 @@
 #include "platform/diagram/diagram.h"
 
 #include <algorithm>
+#include <cmath>
 #include <limits>
 
 #include "platform/text/utf8.h"
@@ -20,6 +21,12 @@ bool IsDoubleWidth(char32_t character) {
     });
 }
 
+double WidthOf(char32_t character) {
+    if (IsDoubleWidth(character)) return 4;
+    const bool isCapital = character >= U'A' && character <= U'Z';
+    return isCapital ? 2.3 : 2;
+}
+
 struct Extent {
     double left = std::numeric_limits<double>::max();
     double top = std::numeric_limits<double>::max();
@@ -32,6 +39,9 @@ struct Extent {
         right = std::max(right, point.x);
         bottom = std::max(bottom, point.y);
     }
+    [[nodiscard]] Rect Around() const {
+        return left > right ? Rect{} : Rect{left, top, right - left, bottom - top};
+    }
 };
 
 }  // namespace
@@ -39,20 +49,35 @@ struct Extent {
 double FittingWidth(const std::string& caption) {
     constexpr double border = 6;
     double width = border;
-    for (const char32_t character : text::Decode(caption)) width += IsDoubleWidth(character) ? 4 : 2;
-    return width;
+    for (const char32_t character : text::Decode(caption)) width += WidthOf(character);
+    return std::ceil(width / gridPitch) * gridPitch;
+}
+
+Rect Outline(const Box& box) {
+    return {box.rect.x, box.rect.y, std::max(box.rect.width, FittingWidth(box.caption)),
+            std::max(box.rect.height, fittingHeight)};
+}
+
+bool Overlap(const Rect& one, const Rect& other) {
+    return one.x < other.Right() && other.x < one.Right() && one.y < other.Bottom() && other.y < one.Bottom();
 }
 
 Rect Bounds(const Diagram& diagram) {
-    if (diagram.boxes.empty()) return {};
     Extent extent;
-    for (const auto& [key, caption, comment, rect] : diagram.boxes) {
-        extent.Include({rect.x, rect.y});
-        extent.Include({rect.x + rect.width, rect.y + rect.height});
+    for (const Box& box : diagram.boxes) {
+        const Rect outline = Outline(box);
+        extent.Include({outline.x, outline.y});
+        extent.Include({outline.Right(), outline.Bottom()});
     }
     for (const auto& link : diagram.links)
         for (const Point& point : link.points) extent.Include(point);
-    return {extent.left, extent.top, extent.right - extent.left, extent.bottom - extent.top};
+    return extent.Around();
+}
+
+Rect Bounds(const std::vector<Point>& points) {
+    Extent extent;
+    for (const Point& point : points) extent.Include(point);
+    return extent.Around();
 }
 
 }  // namespace tessel::diagram

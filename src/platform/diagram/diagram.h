@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,6 +23,10 @@ struct Rect {
     double width = 0;
     double height = 0;
     bool operator==(const Rect&) const = default;
+
+    [[nodiscard]] double Right() const { return x + width; }
+    [[nodiscard]] double Bottom() const { return y + height; }
+    [[nodiscard]] Point Center() const { return {x + width / 2, y + height / 2}; }
 };
 
 struct Box {
@@ -28,6 +34,7 @@ struct Box {
     std::string caption{};
     std::string comment{};
     Rect rect{};
+    std::uint32_t colour = 0x00FFFF;  // red, green and blue, a byte each from the highest on
 };
 
 struct Link {
@@ -43,11 +50,23 @@ struct Diagram {
     std::vector<Link> links{};
 };
 
+// Asked again and again whether a long operation goes on.
+using KeepOn = std::function<bool()>;
+
+// Boxes are best placed at multiples of it.
+inline constexpr double gridPitch = 2;
+
 // The size of a box that its caption fits in; double-width characters count twice.
 [[nodiscard]] double FittingWidth(const std::string& caption);
 inline constexpr double fittingHeight = 8;
 
-// The smallest rectangle around everything; empty for an empty diagram.
+// Where the box is drawn: from its place on, and never smaller than its caption wants.
+[[nodiscard]] Rect Outline(const Box& box);
+
+[[nodiscard]] bool Overlap(const Rect& one, const Rect& other);  // not where they only touch
+
+// The smallest rectangle around everything that is drawn; empty for an empty diagram.
 [[nodiscard]] Rect Bounds(const Diagram& diagram);
+[[nodiscard]] Rect Bounds(const std::vector<Point>& points);
 
 }  // namespace tessel::diagram

@@ -3,12 +3,11 @@
 #include <fmt/format.h>
 #include <gvc.h>
 
+#include <cstring>
 #include <memory>
 #include <unordered_map>
 
-#ifdef __SANITIZE_ADDRESS__
-#include <sanitizer/lsan_interface.h>
-#endif
+#include "platform/diagram/child_task.h"
 
 namespace tessel::diagram {
 
@@ -18,11 +17,8 @@ namespace {
 constexpr double pointsOfUnit = 4;
 constexpr double pointsOfInch = 72;
 
-// Ranked drawing costs more than the square of its size; beyond this many boxes forces place them.
-constexpr std::size_t mostRanked = 250;
-
-// A drawing that is wider is tried in the other direction, too: a page can be long, but not wide.
-constexpr double widest = 300;
+// From here on the order within the columns is found with less effort.
+constexpr std::size_t many = 400;
 
 // Graphviz declares its text parameters without const, and changes none of them.
 char* Chars(const std::string& text) { return const_cast<char*>(text.c_str()); }
@@ -41,132 +37,91 @@ void SetDefaults(Agraph_t* graph, int kind,
     for (const auto& [name, value] : defaults) agattr(graph, kind, Chars(name), Chars(value));
 }
 
-Graph MakeGraph(const char* direction) {
+std::string Inches(double units) { return fmt::format("{}", units * pointsOfUnit / pointsOfInch); }
+
+Graph MakeGraph(std::size_t boxes) {
     Graph graph(agopen(Chars("diagram"), Agdirected, nullptr));
+    const bool isLarge = boxes > many;
     SetDefaults(graph.get(), AGRAPH,
-                {{"rankdir", direction},
-                 {"nodesep", "0.22"},
-                 {"ranksep", "0.45"},
-                 {"pack", "20"},
-                 {"overlap", "prism"},
-                 {"mclimit", "0.5"},
-                 {"nslimit", "2"}});
+                {{"rankdir", "RL"},
+                 {"splines", ""},
+                 {"nodesep", Inches(6).c_str()},
+                 {"ranksep", Inches(12).c_str()},
+                 {"mclimit", isLarge ? "0.3" : "2"},
+                 {"nslimit", isLarge ? "0.5" : "4"},
+                 {"nslimit1", isLarge ? "1" : "4"}});
     SetDefaults(graph.get(), AGNODE,
                 {{"shape", "box"}, {"label", ""}, {"fixedsize", "true"}, {"width", "1"}, {"height", "1"}});
-    SetDefaults(graph.get(), AGEDGE, {{"arrowhead", "none"}});
     return graph;
 }
 
 class Layout {
   public:
-    // `direction` is where the links of a ranked drawing lead: "BT" is upwards, "RL" to the left.
-    Layout(Diagram& diagram, const char* direction) : diagram_(diagram), graph_(MakeGraph(direction)) {
+    Layout(GVC_t* context, const Diagram& diagram)
+        : diagram_(diagram), context_(context), graph_(MakeGraph(diagram.boxes.size())) {
         for (const Box& box : diagram.boxes) AddBox(box);
         for (const Link& link : diagram.links) AddLink(link);
     }
-    ~Layout() {
-        if (placed_) gvFreeLayout(context_.get(), graph_.get());
-    }
-    Layout(const Layout&) = delete;
-    Layout& operator=(const Layout&) = delete;
 
-    bool Run() {
-        const bool ranked = diagram_.boxes.size() <= mostRanked;
-        agattr(graph_.get(), AGRAPH, Chars("splines"), Chars(ranked ? "true" : "line"));
-        placed_ = gvLayout(context_.get(), graph_.get(), ranked ? "dot" : "sfdp") == 0;
-        return placed_;
-    }
-
-    void HandBack() {
-        for (std::size_t i = 0; i < boxes_.size(); ++i) {
-            Rect& rect = diagram_.boxes[i].rect;
-            const Point center = ToUnits(ND_coord(boxes_[i]));
-            rect.x = center.x - rect.width / 2;
-            rect.y = center.y - rect.height / 2;
-        }
-        for (std::size_t i = 0; i < links_.size(); ++i)
-            if (links_[i]) diagram_.links[i].points = PointsOf(links_[i]);
+    // The middle of each box, in the order of the diagram's.
+    std::vector<Point> Run() {
+        if (gvLayout(context_, graph_.get(), "dot") != 0) throw std::runtime_error("not placed");
+        std::vector<Point> middles;
+        const double top = GD_bb(graph_.get()).UR.y;
+        for (Agnode_t* box : boxes_)
+            middles.push_back({ND_coord(box).x / pointsOfUnit, (top - ND_coord(box).y) / pointsOfUnit});
+        return middles;
     }
 
   private:
     void AddBox(const Box& box) {
+        const Rect outline = Outline(box);
         Agnode_t* node = agnode(graph_.get(), Chars(box.key), 1);
-        const auto inches = [](double units) {
-            return fmt::format("{}", units * pointsOfUnit / pointsOfInch);
-        };
-        agset(node, Chars("width"), Chars(inches(box.rect.width)));
-        agset(node, Chars("height"), Chars(inches(box.rect.height)));
+        agset(node, Chars("width"), Chars(Inches(outline.width)));
+        agset(node, Chars("height"), Chars(Inches(outline.height)));
         boxes_.push_back(node);
         nodes_[box.key] = node;
     }
 
     void AddLink(const Link& link) {
-        const auto from = nodes_.find(link.from);
-        const auto to = nodes_.find(link.to);
-        const bool joins = from != nodes_.end() && to != nodes_.end();
-        links_.push_back(joins ? agedge(graph_.get(), from->second, to->second, nullptr, 1) : nullptr);
+        if (link.from == link.to) return;
+        agedge(graph_.get(), nodes_.at(link.from), nodes_.at(link.to), nullptr, 1);
     }
 
-    Point ToUnits(pointf point) const {
-        return {point.x / pointsOfUnit, (GD_bb(graph_.get()).UR.y - point.y) / pointsOfUnit};
-    }
-
-    // The curve as a line of short pieces; nothing for an edge that was not drawn.
-    std::vector<Point> PointsOf(Agedge_t* edge) const {
-        const splines* drawn = ED_spl(edge);
-        if (!drawn || drawn->size == 0) return {};
-        const bezier& curve = drawn->list[0];
-        std::vector<Point> points{ToUnits(curve.list[0])};
-        for (int start = 0; start + 3 < curve.size; start += 3) Flatten(&curve.list[start], points);
-        return points;
-    }
-
-    void Flatten(const pointf* controls, std::vector<Point>& points) const {
-        constexpr int pieces = 10;
-        for (int i = 1; i <= pieces; ++i) {
-            const double t = static_cast<double>(i) / pieces;
-            const double s = 1 - t;
-            const double weights[] = {s * s * s, 3 * s * s * t, 3 * s * t * t, t * t * t};
-            pointf point{0, 0};
-            for (int c = 0; c < 4; ++c) {
-                point.x += weights[c] * controls[c].x;
-                point.y += weights[c] * controls[c].y;
-            }
-            points.push_back(ToUnits(point));
-        }
-    }
-
-    Diagram& diagram_;
-    Context context_{gvContext()};
+    const Diagram& diagram_;
+    GVC_t* context_;
     Graph graph_;
-    std::vector<Agnode_t*> boxes_;  // in the order of the diagram's
-    std::vector<Agedge_t*> links_;  // likewise; null for a link without a box
+    std::vector<Agnode_t*> boxes_;
     std::unordered_map<std::string, Agnode_t*> nodes_;
-    bool placed_ = false;
 };
 
-bool Place(Diagram& diagram, const char* direction) {
-#ifdef __SANITIZE_ADDRESS__
-    const __lsan::ScopedDisabler leaks;  // Graphviz does not give back all that a layout takes
-#endif
-    Layout layout(diagram, direction);
-    if (!layout.Run()) return false;
-    layout.HandBack();
-    return true;
+std::string Placed(const std::vector<Diagram>& parts) {
+    agseterr(AGMAX);  // nothing is said on the terminal
+    const Context context(gvContext());
+    std::vector<Point> middles;
+    for (const Diagram& part : parts) {
+        const auto of = Layout(context.get(), part).Run();
+        middles.insert(middles.end(), of.begin(), of.end());
+    }
+    return {reinterpret_cast<const char*>(middles.data()), middles.size() * sizeof(Point)};
 }
 
 }  // namespace
 
-bool PlaceByGraphviz(Diagram& diagram) {
-    agseterr(AGMAX);  // what cannot be drawn is drawn otherwise; nothing is said on the terminal
-    Diagram upwards = diagram;
-    if (!Place(upwards, "BT")) return false;
-    if (diagram.boxes.size() > mostRanked || Bounds(upwards).width <= widest) {
-        diagram = std::move(upwards);
-        return true;
+bool PlaceByGraphviz(std::vector<Diagram>& parts, const KeepOn& keepOn) {
+    const auto placed = RunInChild([&] { return Placed(parts); }, keepOn);
+    if (!placed) return false;
+    const char* next = placed->data();
+    for (Diagram& part : parts) {
+        for (Box& box : part.boxes) {
+            Point middle;
+            std::memcpy(&middle, next, sizeof middle);
+            next += sizeof middle;
+            const Rect outline = Outline(box);
+            box.rect.x = middle.x - outline.width / 2;
+            box.rect.y = middle.y - outline.height / 2;
+        }
     }
-    const bool narrower = Place(diagram, "RL") && Bounds(diagram).width < Bounds(upwards).width;
-    if (!narrower) diagram = std::move(upwards);
     return true;
 }
 

@@ -12,6 +12,9 @@ namespace tessel::diagram {
 // given here.
 [[nodiscard]] std::string Svg(const Diagram& diagram, const std::string& title);
 
+// The diagram as an SVG file: in light colours on white, with nothing to click.
+[[nodiscard]] std::string SvgFile(const Diagram& diagram, const std::string& title);
+
 // Text as it may stand in HTML and XML, between quotes as well.
 [[nodiscard]] std::string Escaped(const std::string& text);
 

@@ -2,7 +2,8 @@
 
 namespace tessel {
 
-BrowserModel::BrowserModel(BrowserList& list, const text::Texts& texts) : list_(list), texts_(texts) {
+BrowserModel::BrowserModel(BrowserList& list, const text::Texts& texts)
+    : list_(list), texts_(texts), icon_(BrowserImages().Icon("table")) {
     list_.Watch([this](const BrowserChange& change, const auto& apply) { Follow(change, apply); });
 }
 
@@ -15,7 +16,9 @@ int BrowserModel::rowCount(const QModelIndex& parent) const {
 int BrowserModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : ColumnCount; }
 
 QVariant BrowserModel::data(const QModelIndex& index, int role) const {
-    if (!index.isValid() || role != Qt::DisplayRole) return {};
+    if (!index.isValid()) return {};
+    if (role == Qt::DecorationRole && index.column() == Name) return icon_;
+    if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
     const BrowserRow& row = list_.Rows()[static_cast<std::size_t>(index.row())];
     return QString::fromStdString(index.column() == Name ? row.text : row.description);
 }
@@ -25,29 +28,9 @@ QVariant BrowserModel::headerData(int section, Qt::Orientation orientation, int 
     return QString::fromStdString(texts_.Text(section == Name ? 1001 : 1002));
 }
 
-void BrowserModel::Follow(const BrowserChange& change, const std::function<void()>& apply) {
-    const int row = static_cast<int>(change.row);
-    switch (change.kind) {
-        case BrowserChange::Kind::Insert:
-            beginInsertRows({}, row, row);
-            apply();
-            return endInsertRows();
-        case BrowserChange::Kind::Remove:
-            beginRemoveRows({}, row, row);
-            apply();
-            return endRemoveRows();
-        case BrowserChange::Kind::Move:
-            beginMoveRows({}, row, row, {}, static_cast<int>(change.to));
-            apply();
-            return endMoveRows();
-        case BrowserChange::Kind::Renew:
-            apply();
-            return emit dataChanged(index(row, Name), index(row, Description));
-        case BrowserChange::Kind::Reset:
-            beginResetModel();
-            apply();
-            return endResetModel();
-    }
+Qt::ItemFlags BrowserModel::flags(const QModelIndex& index) const {
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
+    return index.column() == Name ? flags | Qt::ItemIsEditable : flags;
 }
 
 }  // namespace tessel

@@ -1,15 +1,15 @@
 #pragma once
 
-#include <QAbstractTableModel>
-
 #include "platform/text/texts.h"
-#include "ui/main/browser_list.h"
+#include "ui/controls/image_list.h"
+#include "ui/main/rows_model.h"
+#include "ui/rules/browser_list.h"
 
 namespace tessel {
 
 // The browser's list as a view shows it: the tables in rows, name and description in columns. Both outlive
 // the model, which is the list's one watcher.
-class BrowserModel : public QAbstractTableModel {
+class BrowserModel : public RowsModel {
   public:
     enum Column { Name, Description, ColumnCount };
 
@@ -20,12 +20,12 @@ class BrowserModel : public QAbstractTableModel {
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;  // names can be edited
 
   private:
-    void Follow(const BrowserChange& change, const std::function<void()>& apply);
-
     BrowserList& list_;
     const text::Texts& texts_;
+    QIcon icon_;
 };
 
 }  // namespace tessel

@@ -1,125 +1,181 @@
 #include "ui/main/frm_main.h"
 
 #include <QApplication>
-#include <QCloseEvent>
-#include <QHeaderView>
-#include <QScreen>
-#include <algorithm>
+#include <QKeyEvent>
+#include <QMenuBar>
+#include <QVBoxLayout>
 
-#include "ui/main/list_delegate.h"
+#include "schema/object_keys.h"
+#include "ui/controls/help_window.h"
+#include "ui/rules/help_contexts.h"
 
 namespace tessel {
 
 namespace {
 
-constexpr QSize defaultSize(900, 640);
-constexpr const char* section = "Settings";
-constexpr const char* geometryKey = "MainWindow";
+constexpr int loadingTablesText = 2065;
+constexpr int originTitleText = 2066;
+constexpr int smallest = 3000 / 15;  // twips to pixels
 
 }  // namespace
-
-frmMain::WaitCursor::WaitCursor() { QApplication::setOverrideCursor(Qt::WaitCursor); }
-frmMain::WaitCursor::~WaitCursor() { QApplication::restoreOverrideCursor(); }
 
 frmMain::frmMain(ComponentState& state)
     : state_(state),
       settings_(SettingsPath(state.Title())),
-      model_(tables_, *state.texts),
-      lvBrowser_(new QTreeView(this)) {
+      coolBar_(new CoolBar(QString::fromStdString(state.texts->Text(loadingTablesText)))),
+      commands_(*state.texts, *menuBar(), coolBar_->Toolbar()),
+      splitter_(new TSplitter(*state.texts)),
+      browser_(state, commands_),
+      diagram_(state, commands_, browser_),
+      properties_(new PropertiesPane(state, commands_)),
+      errors_(*state.texts),
+      origin_(new CVRLView),
+      logPlace_(new QWidget),
+      logCV_(state.Frontend().Log()),
+      log_(new LogView(*logCV_, *state.texts)) {
     setObjectName("frmMain");
-    PlaceControls();
+    setMinimumSize(smallest, smallest);
+    PlacePanes();
+    ConnectCommands();
+    ConnectPanes();
+    SetCaptions();
     RestoreGeometry();
-    SetCaption();
 }
 
-void frmMain::PlaceControls() {
-    lvBrowser_->setObjectName("lvBrowser");
-    lvBrowser_->setRootIsDecorated(false);
-    lvBrowser_->setUniformRowHeights(true);
-    lvBrowser_->setAllColumnsShowFocus(true);
-    lvBrowser_->setItemDelegate(new ListDelegate(lvBrowser_));
-    lvBrowser_->setModel(&model_);
-    setCentralWidget(lvBrowser_);
+frmMain::~frmMain() = default;
+
+void frmMain::PlacePanes() {
+    auto* area = new QWidget;
+    auto* column = new QVBoxLayout(area);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(coolBar_);
+    column->addWidget(splitter_, 1);
+    setCentralWidget(area);
+    splitter_->setObjectName("Splitter");
+    splitter_->AddPane("Browser", &browser_.View());
+    splitter_->AddPane("Diagram", &diagram_.View());
+    splitter_->AddPane("Properties", properties_);
+    splitter_->AddPane("Origin", origin_);
+    splitter_->AddPane("Errors", &errors_.View());
+    auto* place = new QVBoxLayout(logPlace_);
+    place->setContentsMargins(0, 0, 0, 0);
+    place->addWidget(log_);
+    logPlace_->setFocusProxy(log_);
+    splitter_->AddPane("Log", logPlace_);
 }
 
-void frmMain::RestoreGeometry() {
-    resize(defaultSize.boundedTo(screen()->availableSize()));
-    const std::string stored = settings_.Get(section, geometryKey).value_or("");
-    restoreGeometry(QByteArray::fromBase64(QByteArray::fromStdString(stored)));
-}
-
-void frmMain::SetCaption() {
-    host::Frontend& frontend = state_.Frontend();
-    setWindowTitle(QString::fromStdString(state_.Title() + " - " +
-                                          frontend.GetCorvaneName(host::name_item::workspaceName) + " (" +
-                                          frontend.GetCorvaneName(host::name_item::projectName) + ") "));
-}
-
-void frmMain::Load() {
-    state_.sqlTypes.LoadSqlTypes(state_.Database());
-    RefreshBrowser();
-    lvBrowser_->setCurrentIndex(model_.index(0, 0));
-    lvBrowser_->setFocus();
+void frmMain::ConnectPanes() {
+    connect(splitter_, &TSplitter::LayoutChanged, this, &frmMain::FollowLayout);
+    splitter_->SetCloseHandler([this](const QString& name) {
+        if (name == "Log") logCV_->SetVisible(false);
+        return name == "Log";
+    });
+    connect(&browser_, &BrowserPane::TableSelected, this, &frmMain::ShowTable);
+    connect(&errors_, &ErrorsPane::ErrorChosen, this, &frmMain::ShowError);
+    connect(properties_, &PropertiesPane::OriginWanted, this, [this](const std::string& tag) {
+        if (tag != CVRL()) SetCVRL(tag);
+    });
+    connect(properties_, &PropertiesPane::TableWanted, this, &frmMain::ShowRow);
+    connect(&diagram_, &DiagramPane::RowWanted, this,
+            [this](std::int32_t tabID, const std::string& keyRow) { ShowRow(tabID, "Keys", keyRow); });
+    connect(&diagram_, &DiagramPane::NewKeyWanted, this, &frmMain::AddNewKey);
+    connect(log_, &LogView::HelpWanted, this, [this] { ShowHelp(state_, this, help_context::activityLog); });
 }
 
 void frmMain::DrawTable(const std::string& tableName, std::int32_t tabID, const Value& tag,
                         const Value& comments) {
-    tables_.Draw(tableName, tabID, tag, comments);
+    browser_.Tables().Draw(tableName, tabID, tag, comments);
+    diagram_.DrawTable(tableName, tabID, comments);
 }
 
-void frmMain::RemoveTable(const std::string& key) { tables_.Remove(key); }
-
-void frmMain::StartProgress(const std::string&, std::int32_t) {
-    if (isEnabled()) focusBeforeProgress_ = focusWidget();
-    setEnabled(false);
-    waitCursor_.emplace();
+void frmMain::RemoveTable(const std::string& key) {
+    diagram_.View().RemoveBox(key);
+    browser_.Tables().Remove(key);
 }
+
+void frmMain::AddConnector(const std::string& key, const std::string& fromKey, const std::string& toKey,
+                           const std::string& caption) {
+    diagram_.View().AddLink(key, fromKey, toKey, caption);
+}
+
+void frmMain::SetConnectorText(const std::string& key, const std::string& caption) {
+    diagram_.View().SetLinkCaption(key, caption);
+}
+
+void frmMain::RemoveConnector(const std::string& key) { diagram_.View().RemoveLink(key); }
+
+void frmMain::AddNewKey(std::int32_t tabID, const std::string& name, std::int32_t refTabID) {
+    properties_->AddNewKey(tabID, name, refTabID);
+}
+
+void frmMain::StartProgress(const std::string& action, std::int32_t totalLength) {
+    coolBar_->ShowProgress(QString::fromStdString(action) + "...", totalLength);
+    if (!progress_) progress_ = std::make_unique<Busy>(*this);
+    QApplication::processEvents();
+}
+
+void frmMain::StartStep(const std::string&) { QApplication::processEvents(); }
+
+void frmMain::FinishStep(std::int32_t length) { coolBar_->Advance(length); }
 
 void frmMain::FinishProgress() {
-    waitCursor_.reset();
-    setEnabled(true);
-    if (focusBeforeProgress_) focusBeforeProgress_->setFocus();
+    coolBar_->HideProgress();
+    progress_.reset();
+}
+
+void frmMain::ShowErrors(const std::vector<ErrorRow>& errors, const std::string& title) {
+    errors_.Show(errors);
+    splitter_->SetCaption("Errors", QString::fromStdString(title));
 }
 
 void frmMain::RefreshBrowser() {
-    const std::string selected = SelectedTable();
-    tables_.Refresh(state_.Database());
-    SelectTable(selected);
+    const std::string selected = browser_.Reload();
+    diagram_.Refresh();
+    browser_.SelectAgain(selected);
 }
 
-std::string frmMain::SelectedTable() const {
-    const QModelIndex current = lvBrowser_->currentIndex();
-    return current.isValid() ? tables_.Rows()[static_cast<std::size_t>(current.row())].key : std::string();
+void frmMain::SetCVRL(const std::string& value) {
+    origin_->SetCVRL(value);
+    RenewOriginCaption();
 }
 
-void frmMain::SelectTable(std::string_view key) {
-    if (const auto row = tables_.Find(key))
-        lvBrowser_->setCurrentIndex(model_.index(static_cast<int>(*row), 0));
+void frmMain::RenewOriginCaption() {
+    splitter_->SetCaption("Origin",
+                          QString::fromStdString(state_.texts->Format(originTitleText, {origin_->Title()})));
 }
 
-// Room for the names, but never so much that nothing is left for the descriptions, nor so little that the
-// next name is cut off.
-void frmMain::FitColumns() {
-    lvBrowser_->resizeColumnToContents(BrowserModel::Name);
-    const int width = lvBrowser_->viewport()->width();
-    const int names = lvBrowser_->columnWidth(BrowserModel::Name);
-    lvBrowser_->setColumnWidth(BrowserModel::Name, std::clamp(names, width / 4, width / 2));
+void frmMain::ShowTable() {
+    const BrowserRow* table = browser_.Selected();
+    for (const char* item : {"mnuStructureDelete", "mnuStructureRename", "mnuStructureProperties"})
+        commands_.Item(item).setEnabled(table != nullptr);
+    if (!table) SetCVRL("");
+    if (table) diagram_.ShowBox(table->key);
+    properties_->Show(table);
 }
 
-void frmMain::showEvent(QShowEvent* event) {
-    QMainWindow::showEvent(event);
-    if (!event->spontaneous()) FitColumns();
+void frmMain::ShowRow(std::int32_t tabID, const char* tab, const std::string& rowKey) {
+    browser_.Select(TableKey(tabID));
+    properties_->ShowOn(tab, browser_.Selected(), rowKey);
 }
 
-void frmMain::closeEvent(QCloseEvent* event) {
-    if (!isEnabled()) return event->ignore();
-    settings_.Set(section, geometryKey, saveGeometry().toBase64().toStdString());
-    event->accept();
+void frmMain::ShowError(const ErrorRow& error) {
+    const bool ofKey = error.keyID > 0;
+    ShowRow(error.tblID, ofKey ? "Keys" : "Columns",
+            ofKey ? ForeignKeyKey(error.keyID) : ColumnKey(error.columnID));
+    splitter_->SetPaneVisible("Properties", true);
+    properties_->View().setFocus();
+}
+
+void frmMain::keyPressEvent(QKeyEvent* event) {
+    if (event->key() != Qt::Key_F1) return QMainWindow::keyPressEvent(event);
+    if (splitter_->IsPaneVisible("Log") && splitter_->IsActive("Log"))
+        ShowHelp(state_, this, help_context::activityLog);
 }
 
 std::shared_ptr<ToolWindow> LoadMainWindow(ComponentState& state) {
     auto window = std::make_shared<frmMain>(state);
-    window->Load();
+    window->Load(window);
     return window;
 }
 

@@ -2,77 +2,127 @@
 
 #include <QMainWindow>
 #include <QPointer>
-#include <QTreeView>
 #include <memory>
 #include <optional>
 
 #include "schema/component_state.h"
-#include "ui/main/browser_list.h"
-#include "ui/main/browser_model.h"
-#include "ui/main/qt_settings.h"
+#include "ui/controls/log_view.h"
+#include "ui/controls/origin_viewer.h"
+#include "ui/controls/qt_settings.h"
+#include "ui/controls/splitter.h"
+#include "ui/main/browser_pane.h"
+#include "ui/main/busy.h"
+#include "ui/main/commands.h"
+#include "ui/main/cool_bar.h"
+#include "ui/main/diagram_pane.h"
+#include "ui/main/errors_pane.h"
+#include "ui/main/properties_pane.h"
 
 namespace tessel {
 
 // The editor's main window. The component's state outlives it.
 class frmMain : public QMainWindow, public ToolWindow {
+    Q_OBJECT
+
   public:
     explicit frmMain(ComponentState& state);
+    ~frmMain() override;
 
-    // Reads the type catalogue and shows the tables, the first of them selected.
-    void Load();
+    // Shows the window, which `self` holds, announces it to the host, and fills it: the panes as they were
+    // left, the type catalogue, the tables, what the import brings, the errors found last.
+    void Load(const std::shared_ptr<frmMain>& self);
 
     void DrawTable(const std::string& tableName, std::int32_t tabID, const Value& tag,
                    const Value& comments) override;
     void RemoveTable(const std::string& key) override;
-    void AddConnector(const std::string&, const std::string&, const std::string&,
-                      const std::string&) override {}
-    void SetConnectorText(const std::string&, const std::string&) override {}
-    void RemoveConnector(const std::string&) override {}
+    void AddConnector(const std::string& key, const std::string& fromKey, const std::string& toKey,
+                      const std::string& caption) override;
+    void SetConnectorText(const std::string& key, const std::string& caption) override;
+    void RemoveConnector(const std::string& key) override;
 
-    // While progress is made the window takes no input and refuses to close.
+    // While progress is made the window takes no input and refuses to close. Units beyond the total are not
+    // shown.
     void StartProgress(const std::string& action, std::int32_t totalLength) override;
-    void StartStep(const std::string&) override {}
-    void FinishStep(std::int32_t) override {}
+    void StartStep(const std::string& act) override;
+    void FinishStep(std::int32_t length) override;
     void FinishProgress() override;
 
-    void ShowErrors(const std::vector<ErrorRow>&, const std::string&) override {}
+    void ShowErrors(const std::vector<ErrorRow>& errors, const std::string& title) override;
 
-    // The selected table stays selected, if it is still there.
+    // Lists and draws the tables anew. The selected one stays selected, if it is still there.
     void RefreshBrowser() override;
 
-    std::string CVRL() const override { return cvrl_; }
-    void SetCVRL(const std::string& value) override { cvrl_ = value; }
+    // Lets the user make a foreign key of the table, `refTabID` (-1 for none) being offered as the one that
+    // it refers to, and shows the new key.
+    void AddNewKey(std::int32_t tabID, const std::string& name, std::int32_t refTabID);
+
+    std::string CVRL() const override { return origin_->CVRL(); }
+    void SetCVRL(const std::string& value) override;
+
+    // The pane Log is shown while the host's activity log is both visible and docked.
+    void DisplayLog();
 
   protected:
-    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    struct WaitCursor {
-        WaitCursor();
-        ~WaitCursor();
-        WaitCursor(const WaitCursor&) = delete;
-        WaitCursor& operator=(const WaitCursor&) = delete;
-    };
+    // Making the window.
+    void PlacePanes();
+    void ConnectCommands();
+    void ConnectPanes();
+    void SetCaptions();
 
-    void PlaceControls();
+    // Its arrangement.
     void RestoreGeometry();
-    void SetCaption();
-    void FitColumns();
-    void SelectTable(std::string_view key);
-    [[nodiscard]] std::string SelectedTable() const;  // its key; empty when none is selected
+    void RestoreLayout();
+    void BuildDefaultLayout();
+    void StoreLayout();
+    void ConnectViewCommands();
+    void FollowLayout();
+
+    // Loading it.
+    void LoadContents();
+    void LoadTables();
+    void ImportTables();
+
+    // Its commands.
+    void VerifyAll();
+    void DeleteSchema();
+    void EditOptions();
+    void ShowExecuteMenu();
+    void FollowLog(host::ActivityLog::Change change);
+    void FloatLog();
+
+    void ShowTable();  // the selected one, in the panes beside the browser
+    void ShowRow(std::int32_t tabID, const char* tab, const std::string& rowKey);
+    void ShowError(const ErrorRow& error);
+    void RenewOriginCaption();
+
+    // Closing it.
+    void CancelEdit();
+    void FinishSchema();
+    void ReleasePanes();
+    void ReleaseHost();
 
     ComponentState& state_;
     QtSettings settings_;
-    BrowserList tables_;
-    BrowserModel model_;
-    QTreeView* lvBrowser_;
-    std::optional<WaitCursor> waitCursor_;
-    QPointer<QWidget> focusBeforeProgress_;
-    std::string cvrl_;
+    CoolBar* coolBar_;
+    Commands commands_;
+    TSplitter* splitter_;
+    BrowserPane browser_;
+    DiagramPane diagram_;
+    PropertiesPane* properties_;
+    ErrorsPane errors_;
+    CVRLView* origin_;
+    QWidget* logPlace_;  // where the log view stands while it is docked
+    std::shared_ptr<host::ActivityLog> logCV_;
+    QPointer<LogView> log_;
+    std::unique_ptr<LogWindow> logWindow_;  // around the log view while that is not docked
+    std::unique_ptr<Busy> progress_;
 };
 
-// Makes the window and loads it; it is not shown yet.
+// Makes the window, shows and loads it.
 [[nodiscard]] std::shared_ptr<ToolWindow> LoadMainWindow(ComponentState& state);
 
 }  // namespace tessel

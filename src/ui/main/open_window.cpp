@@ -7,6 +7,7 @@
 
 #include "engine/queued_questions.h"
 #include "engine/tessel_engine.h"
+#include "ui/controls/help_window.h"
 #include "ui/main/application.h"
 #include "ui/main/frm_main.h"
 #include "ui/main/qt_questions.h"
@@ -30,7 +31,6 @@ void Report(const ComponentState& state, const std::string& message) {
 
 // The window with the project in it; none when the editor could not start, and that has been reported.
 std::shared_ptr<frmMain> Start(ComponentState& state, const std::shared_ptr<host::Frontend>& frontend) {
-    state.loadMainWindow = LoadMainWindow;
     try {
         if (TesselEngine(state).Run(frontend, Missing{}, Missing{}) != 0) return nullptr;
     } catch (const std::exception& error) {
@@ -38,6 +38,13 @@ std::shared_ptr<frmMain> Start(ComponentState& state, const std::shared_ptr<host
         return nullptr;
     }
     return std::static_pointer_cast<frmMain>(state.window);
+}
+
+std::shared_ptr<ToolWindow> LoadUnseenWindow(ComponentState& state) {
+    auto window = std::make_shared<frmMain>(state);
+    window->setAttribute(Qt::WA_DontShowOnScreen);
+    window->Load(window);
+    return window;
 }
 
 void PrintAsked(QueuedQuestions& questions) {
@@ -55,10 +62,10 @@ bool Write(const QImage& image, const std::string& path) {
 }  // namespace
 
 int ShowWindow(ComponentState& state, const std::shared_ptr<host::Frontend>& frontend) {
-    state.questions = std::make_shared<QtQuestions>();
-    const auto window = Start(state, frontend);
-    if (!window) return failed;
-    window->show();
+    state.questions = std::make_shared<QtQuestions>(
+        [&state](QWidget* dialog, int context) { ShowHelp(state, dialog, context); });
+    state.loadMainWindow = LoadMainWindow;
+    if (!Start(state, frontend)) return failed;
     QApplication::setQuitOnLastWindowClosed(true);
     const int code = QApplication::exec();
     state.window.reset();
@@ -69,11 +76,10 @@ int SavePicture(ComponentState& state, const std::shared_ptr<host::Frontend>& fr
                 const std::string& picture) {
     const auto questions = std::make_shared<QueuedQuestions>();
     state.questions = questions;
+    state.loadMainWindow = LoadUnseenWindow;
     const auto window = Start(state, frontend);
     bool written = false;
     if (window) {
-        window->setAttribute(Qt::WA_DontShowOnScreen);
-        window->show();
         QApplication::processEvents();
         written = Write(window->grab().toImage(), picture);
     }

@@ -1,10 +1,13 @@
 #include "ui/main/qt_questions.h"
 
 #include <QApplication>
+#include <QDialogButtonBox>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPushButton>
+#include <QShortcut>
 #include <algorithm>
 #include <utility>
 
@@ -72,6 +75,12 @@ std::optional<std::string> QtQuestions::Ask(const host::InputBox& box) {
     dialog.findChild<QLineEdit*>()->setObjectName("txtInput");
     dialog.resize(inputWidth, dialog.sizeHint().height());
     ShowAsPlainText(dialog);
+    if (help_ && box.helpContext != 0) {
+        const auto show = [&] { help_(&dialog, box.helpContext); };
+        QObject::connect(new QShortcut(Qt::Key_F1, &dialog), &QShortcut::activated, show);
+        auto& buttons = *dialog.findChild<QDialogButtonBox*>();
+        QObject::connect(buttons.addButton(QDialogButtonBox::Help), &QPushButton::clicked, show);
+    }
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return dialog.textValue().toStdString();
 }

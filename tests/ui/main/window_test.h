@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QTest>
 #include <QTimer>
 #include <QTreeView>
 
@@ -16,12 +17,12 @@ namespace tessel::test {
 // What the test program's application reported.
 inline std::vector<std::string> reported;
 
-// Waits for the window of that name and then acts on it; a modal one runs meanwhile.
+// Waits until the window of that name takes input and then acts on it; a modal one runs meanwhile.
 inline void WhenOpen(const QString& name, const std::function<void(QWidget&)>& act) {
     auto* timer = new QTimer(qApp);
     QObject::connect(timer, &QTimer::timeout, [=] {
         for (QWidget* window : QApplication::topLevelWidgets()) {
-            if (window->objectName() != name || !window->isVisible()) continue;
+            if (window->objectName() != name || !window->isVisible() || !window->isEnabled()) continue;
             timer->deleteLater();
             timer->stop();
             return act(*window);
@@ -44,8 +45,37 @@ class WindowTest : public testing::Test {
     frmMain& Start() {
         EXPECT_EQ(TesselEngine(state).Run(frontend, Missing{}, Missing{}), 0);
         auto& window = dynamic_cast<frmMain&>(*state.window);
-        window.show();
+        EXPECT_TRUE(window.isVisible());
         return window;
+    }
+
+    // Closes the window and opens the editor anew.
+    frmMain& Reopen() {
+        EXPECT_TRUE(dynamic_cast<frmMain&>(*state.window).close());
+        state.window.reset();
+        return Start();
+    }
+
+    template <typename T>
+    static T& Find(const QObject& window, const char* name) {
+        T* found = window.findChild<T*>(name);
+        if (!found) throw Error(ErrorKind::Host, std::string("no ") + name);
+        return *found;
+    }
+    static QAction& Item(frmMain& window, const char* name) { return Find<QAction>(window, name); }
+    static void Choose(frmMain& window, const char* name) {
+        ASSERT_TRUE(Item(window, name).isEnabled()) << name;
+        Item(window, name).trigger();
+    }
+    static void Press(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = {}) {
+        QTest::keyClick(&widget, Qt::Key(key), modifiers);
+    }
+    static bool IsShown(frmMain& window, const char* pane) { return Find<QWidget>(window, pane).isVisible(); }
+    static TSplitter& Panes(frmMain& window) { return Find<TSplitter>(window, "Splitter"); }
+
+    // Waits for what the event loop still has to do.
+    static void Until(const std::function<bool()>& condition) {
+        EXPECT_TRUE(QTest::qWaitFor(condition)) << "it did not come to pass";
     }
 
     std::int32_t AddTable(const std::string& name) {

@@ -1,0 +1,20 @@
+#include "ui/main/busy.h"
+
+#include <QApplication>
+
+namespace tessel {
+
+Busy::Busy(QWidget& window) : window_(window), isOuter_(window.isEnabled()), focus_(window.focusWidget()) {
+    if (!isOuter_) return;
+    window_.setEnabled(false);
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+Busy::~Busy() {
+    if (!isOuter_) return;
+    QApplication::restoreOverrideCursor();
+    window_.setEnabled(true);
+    if (focus_) focus_->setFocus();
+}
+
+}  // namespace tessel

@@ -1,0 +1,120 @@
+// What the user does to the diagram.
+
+#include <QApplication>
+
+#include "platform/files/file_service.h"
+#include "schema/object_keys.h"
+#include "ui/dialogs/diagram_services.h"
+#include "ui/main/busy.h"
+#include "ui/main/diagram_pane.h"
+#include "ui/rules/messages.h"
+
+namespace tessel {
+
+namespace {
+
+constexpr int saveTitleText = 2707;
+constexpr int previewTitleText = 2708;
+constexpr int emptyText = 2709;
+constexpr int cannotPrintText = 2710;
+constexpr int schemaText = 606;
+
+}  // namespace
+
+void DiagramPane::ConnectEvents() {
+    connect(diagram_, &TDiagram::BoxClicked, this, &DiagramPane::ClickBox);
+    connect(diagram_, &TDiagram::BoxDoubleClicked, this, [this](const std::string& key) {
+        if (browser_.Select(key)) browser_.Properties();
+    });
+    connect(diagram_, &TDiagram::LinkClicked, this, &DiagramPane::ClickLink);
+    connect(diagram_, &TDiagram::BoxesConnected, this,
+            [this](const std::string& from, const std::string& to) {
+                emit NewKeyWanted(IdentifierOf(from), diagram_->BoxCaption(from), IdentifierOf(to));
+            });
+    connect(diagram_, &TDiagram::MousePressed, this, [this](Qt::MouseButton button) { button_ = button; });
+    connect(diagram_, &TDiagram::BackgroundClicked, this, &DiagramPane::ClickBackground);
+    connect(diagram_, &TDiagram::KeyReleased, this, &DiagramPane::ReleaseKey);
+    connect(diagram_, &TDiagram::Changed, this, [this] { RefreshCommands(paneIsVisible_); });
+    connect(diagram_, &TDiagram::QuickSearchChanged, this,
+            [this](bool on) { commands_.Item("mnuDiagramSearch").setChecked(on); });
+}
+
+void DiagramPane::ConnectCommands() {
+    const std::tuple<std::initializer_list<const char*>, const char*, void (DiagramPane::*)()> acts[] = {
+        {{"mnuDiagramAutoPlace", "mnuGeneralAutoPlace"}, "Place", &DiagramPane::AutoPlace},
+        {{"mnuDiagramZoom"}, "Zoom100", &DiagramPane::NormalZoom},
+        {{"mnuDiagramEdit"}, "Edit", &DiagramPane::Edit},
+        {{"mnuDiagramSearch"}, "Search", &DiagramPane::QuickSearch},
+        {{"mnuDiagramCopyClipboard"}, "Copy", &DiagramPane::Copy},
+        {{"mnuDiagramSaveAs"}, "Save", &DiagramPane::SaveAs},
+        {{"mnuDiagramPrint"}, "Print", &DiagramPane::Print},
+    };
+    for (const auto& [items, button, act] : acts) {
+        commands_.On(items, [this, act = act] { (this->*act)(); });
+        connect(diagram_, &TDiagram::ButtonClicked, this,
+                [this, button = button, act = act](const auto& key) {
+                    if (key == button) (this->*act)();
+                });
+    }
+}
+
+void DiagramPane::ClickBox(const std::string& key, Qt::MouseButton button) {
+    browser_.Select(key);
+    if (button == Qt::RightButton)
+        commands_.Popup("mnuStructure", diagram_->PopupPlace(), "mnuStructureProperties");
+}
+
+void DiagramPane::ClickLink(const std::string& key) {
+    emit RowWanted(IdentifierOf(diagram_->LinkFrom(key)), key);
+}
+
+void DiagramPane::ClickBackground() {
+    if (state_.database && button_ == Qt::RightButton) PopupGeneral();
+}
+
+void DiagramPane::ReleaseKey(int key, Qt::KeyboardModifiers modifiers) {
+    if (key == Qt::Key_Delete) browser_.Delete();
+    if (key == Qt::Key_Menu || (key == Qt::Key_F10 && modifiers == Qt::ShiftModifier)) PopupGeneral();
+}
+
+void DiagramPane::PopupGeneral() { commands_.Popup("mnuGeneral", diagram_->PopupPlace()); }
+
+// Escape ends a placement that takes too long.
+void DiagramPane::AutoPlace() {
+    const Busy placing(*diagram_->window());
+    (void)diagram_->Place([] {
+        QApplication::processEvents();
+        return true;
+    });
+}
+
+void DiagramPane::NormalZoom() { diagram_->SetZoom(100); }
+
+void DiagramPane::QuickSearch() { diagram_->SetQuickSearch(!diagram_->QuickSearch()); }
+
+void DiagramPane::Edit() {
+    EditDiagram(state_, *diagram_,
+                files::NativePath(NameItem(host::name_item::workspaceFolder) + "\\Projects\\" +
+                                  NameItem(host::name_item::projectName) + "\\VNT.dgm.xml"));
+}
+
+void DiagramPane::Copy() { CopyDiagram(*diagram_); }
+
+void DiagramPane::SaveAs() {
+    const std::string name =
+        state_.texts->Text(schemaText) + " (" + files::SplitPath(state_.databaseFilename).baseName + ")";
+    SaveDiagramAs(state_, *diagram_, state_.texts->Text(saveTitleText), name,
+                  files::NativePath(NameItem(host::name_item::workspaceFolder) + "\\Output"));
+}
+
+void DiagramPane::Print() {
+    if (diagram_->BoxCount() == 0)
+        return Tell(state_, state_.texts->Text(emptyText), host::Icon::Information);
+    try {
+        PreviewDiagram(state_, *diagram_, state_.texts->Text(previewTitleText));
+    } catch (const Error& error) {
+        Tell(state_, state_.texts->Text(cannotPrintText), host::Icon::Critical, error.what());
+    }
+}
+
+}  // namespace tessel

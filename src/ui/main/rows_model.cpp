@@ -1,0 +1,30 @@
+#include "ui/main/rows_model.h"
+
+namespace tessel {
+
+void RowsModel::Follow(const BrowserChange& change, const std::function<void()>& apply) {
+    const int row = static_cast<int>(change.row);
+    switch (change.kind) {
+        case BrowserChange::Kind::Insert:
+            beginInsertRows({}, row, row);
+            apply();
+            return endInsertRows();
+        case BrowserChange::Kind::Remove:
+            beginRemoveRows({}, row, row);
+            apply();
+            return endRemoveRows();
+        case BrowserChange::Kind::Move:
+            beginMoveRows({}, row, row, {}, static_cast<int>(change.to));
+            apply();
+            return endMoveRows();
+        case BrowserChange::Kind::Renew:
+            apply();
+            return emit dataChanged(index(row, 0), index(row, columnCount() - 1));
+        case BrowserChange::Kind::Reset:
+            beginResetModel();
+            apply();
+            return endResetModel();
+    }
+}
+
+}  // namespace tessel

@@ -1,0 +1,85 @@
+#include <QLayout>
+
+#include "platform/files/file_service.h"
+#include "ui/controls/help_window.h"
+#include "ui/dialogs/about_box.h"
+#include "ui/dialogs/options_dialog.h"
+#include "ui/main/frm_main.h"
+#include "ui/rules/activity.h"
+#include "ui/rules/help_contexts.h"
+#include "ui/rules/project_options.h"
+#include "verify/db_check.h"
+
+namespace tessel {
+
+namespace {
+
+constexpr int deleteSchemaText = 2061;
+constexpr int verificationActivity = 2080;
+constexpr QSize optionsSize(6120, 5355);  // twips
+
+}  // namespace
+
+void frmMain::ConnectCommands() {
+    ConnectViewCommands();
+    commands_.On({"mnuVerifyAll", "mnuGeneralVerifyAll", "tbVerify"}, [this] { VerifyAll(); });
+    commands_.On({"mnuFileDelete"}, [this] { DeleteSchema(); });
+    commands_.On({"mnuFileExit"}, [this] { close(); });
+    commands_.On({"mnuViewOptions", "tbOptions"}, [this] { EditOptions(); });
+    commands_.On({"tbExecute"}, [this] { ShowExecuteMenu(); });
+    commands_.On({"mnuHelpTopics"}, [this] { ShowHelpFinder(state_, this); });
+    commands_.On({"mnuHelpWindow"}, [this] { ShowHelp(state_, this, help_context::window); });
+    commands_.On({"mnuHelpAbout"}, [this] { ShowAbout(state_, this); });
+    commands_.Item("mnuExecuteItem").setEnabled(false);
+}
+
+void frmMain::VerifyAll() {
+    DBCheck check(state_);
+    check.VerifySchema(true);
+    Note(state_, verificationActivity, {}, check.TitleFor(check.StoredErrors().size()));
+    splitter_->SetPaneVisible("Errors", true);
+    splitter_->MakeActive("Errors");
+}
+
+void frmMain::DeleteSchema() {
+    const auto answer = state_.questions->Show({.text = state_.texts->Format(deleteSchemaText, {"\r\n"}),
+                                                .title = state_.Title(),
+                                                .icon = host::Icon::Warning,
+                                                .buttons = host::Buttons::YesNo});
+    if (answer != host::Answer::Yes) return;
+    state_.workspace.reset();
+    state_.database.reset();
+    files::DeleteFolder(state_.schemaFolder);
+    close();
+}
+
+void frmMain::EditOptions() {
+    try {
+        (void)EditProjectOptions(state_, this, optionCase, optionsSize);
+    } catch (const Error& error) {
+        state_.questions->Show({.text = error.what(), .title = state_.Title(), .icon = host::Icon::Critical});
+    }
+}
+
+void frmMain::ShowExecuteMenu() {
+    const QWidget* button = coolBar_->Toolbar().widgetForAction(&commands_.Item("tbExecute"));
+    const int left = coolBar_->Toolbar().x() + button->x();
+    commands_.Popup("mnuExecute", coolBar_->mapToGlobal(QPoint(left, coolBar_->height())));
+}
+
+void frmMain::FollowLog(host::ActivityLog::Change change) {
+    change == host::ActivityLog::Change::Written ? log_->Refresh() : DisplayLog();
+}
+
+void frmMain::FloatLog() {
+    if (logCV_->IsVisible() && !logCV_->IsDocked()) {
+        if (!logWindow_) logWindow_ = std::make_unique<LogWindow>(*logCV_, *state_.texts, this);
+        logWindow_->Show(*log_);
+    } else if (logWindow_) {
+        logPlace_->layout()->addWidget(log_);
+        log_->show();
+        logWindow_.reset();
+    }
+}
+
+}  // namespace tessel

@@ -1,0 +1,84 @@
+#include "ui/rules/browser_list.h"
+
+#include <algorithm>
+
+#include "platform/text/utf8.h"
+#include "schema/object_keys.h"
+#include "schema/sql_text.h"
+#include "ui/rules/origin_reference.h"
+
+namespace tessel {
+
+namespace {
+
+std::string OneLine(const Value& comments) { return FlattenText(NullToText(comments)); }
+
+}  // namespace
+
+std::optional<std::size_t> BrowserList::Find(std::string_view key) const {
+    const auto found = std::ranges::find(rows_, key, &BrowserRow::key);
+    if (found == rows_.end()) return std::nullopt;
+    return static_cast<std::size_t>(found - rows_.begin());
+}
+
+void BrowserList::Refresh(db::Database& database, host::Frontend& frontend) {
+    std::vector<BrowserRow> rows;
+    // The database's order of names is the list's.
+    for (auto row = database.Select("select * from tables order by TableName"); row.Next();)
+        rows.push_back(
+            {.key = TableKey(row.Integer("TabID")),
+             .text = row.Text("TableName"),
+             .description = OneLine(row["Comments"]),
+             .tag = OriginReference(frontend, NullToText(row["RepObjId"]), NullToText(row["CVRL"]))});
+    Change({.kind = BrowserChange::Kind::Reset}, [&] { rows_ = std::move(rows); });
+}
+
+void BrowserList::Draw(const std::string& name, std::int32_t tabID, const Value& tag, const Value& comments) {
+    const std::string key = TableKey(tabID);
+    const auto row = Find(key);
+    BrowserRow drawn;
+    if (row) drawn = rows_[*row];
+    drawn.key = key;
+    drawn.text = name;
+    if (!comments.IsMissing()) drawn.description = OneLine(comments);
+    if (!tag.IsMissing()) drawn.tag = NullToText(tag);
+    const std::size_t place = PlaceOf(name);
+    row ? Renew(*row, place, std::move(drawn)) : Insert(place, std::move(drawn));
+}
+
+void BrowserList::Remove(std::string_view key) {
+    const auto row = Find(key);
+    if (!row) return;
+    Change({.kind = BrowserChange::Kind::Remove, .row = *row},
+           [&] { rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(*row)); });
+}
+
+std::size_t BrowserList::PlaceOf(const std::string& text) const {
+    const auto place = std::ranges::lower_bound(rows_, text, text::TextLess, &BrowserRow::text);
+    return static_cast<std::size_t>(place - rows_.begin());
+}
+
+void BrowserList::Insert(std::size_t place, BrowserRow row) {
+    Change({.kind = BrowserChange::Kind::Insert, .row = place},
+           [&] { rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(place), std::move(row)); });
+}
+
+void BrowserList::Renew(std::size_t row, std::size_t place, BrowserRow renewed) {
+    if (place < row || place > row + 1) Move(row, place);
+    const std::size_t now = place > row ? place - 1 : place;
+    Change({.kind = BrowserChange::Kind::Renew, .row = now}, [&] { rows_[now] = std::move(renewed); });
+}
+
+void BrowserList::Move(std::size_t from, std::size_t to) {
+    Change({.kind = BrowserChange::Kind::Move, .row = from, .to = to}, [&] {
+        const auto row = rows_.begin() + static_cast<std::ptrdiff_t>(from);
+        const auto place = rows_.begin() + static_cast<std::ptrdiff_t>(to);
+        from < to ? std::rotate(row, row + 1, place) : std::rotate(place, row, row + 1);
+    });
+}
+
+void BrowserList::Change(const BrowserChange& change, const std::function<void()>& apply) {
+    watcher_ ? watcher_(change, apply) : apply();
+}
+
+}  // namespace tessel

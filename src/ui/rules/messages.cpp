@@ -1,0 +1,40 @@
+#include "ui/rules/messages.h"
+
+#include "ui/rules/activity.h"
+
+namespace tessel {
+
+void Tell(const ComponentState& state, const std::string& text, host::Icon icon, const std::string& detail) {
+    state.questions->Show({.text = text, .title = state.Title(), .icon = icon, .detail = detail});
+}
+
+bool IsConfirmed(const ComponentState& state, const std::string& question, host::Icon icon) {
+    return state.questions->Show({.text = question,
+                                  .title = state.Title(),
+                                  .icon = icon,
+                                  .buttons = host::Buttons::OKCancel}) == host::Answer::OK;
+}
+
+bool DoOrTell(ComponentState& state, const UserChange& change, const std::function<bool()>& act) {
+    std::string reason;
+    bool done = false;
+    try {
+        done = act();
+    } catch (const Error& error) {
+        reason = error.what();
+    }
+    Note(state, change.activity, {change.subject, change.newName}, done ? Outcome::Done : Outcome::Refused);
+    if (!done) Tell(state, change.complaint, change.icon, reason);
+    return done;
+}
+
+bool WriteOrTell(ComponentState& state, const UserChange& change, const std::function<bool()>& write) {
+    return DoOrTell(state, change, [&] {
+        db::Transaction transaction(state.Database());
+        if (!write()) return false;
+        transaction.Commit();
+        return true;
+    });
+}
+
+}  // namespace tessel

@@ -1,0 +1,129 @@
+#include "ui/dialogs/options_dialog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QSpinBox>
+
+#include "ui/dialogs/about_box.h"
+#include "ui/main/window_test.h"
+#include "ui/rules/project_options.h"
+
+namespace tessel::test {
+namespace {
+
+constexpr QSize twips(6120, 5355);
+
+constexpr const char* tree = R"(<OPTIONS>
+  <!-- stays -->
+  <CASE ID='VNT'>
+    <BOOL NAME='Flag' CAPTION='@2126' HINT='@2102' VALUE='1'/>
+    <TEXT NAME='Folder' CAPTION='&amp;Folder' VALUE='a&amp;b'/>
+    <NUMBER NAME='Count' VALUE='-5'/>
+    <LIST NAME='Choice' VALUE='x'><ITEM VALUE='x' CAPTION='Ex'/><ITEM VALUE='y'/></LIST>
+    <LIST NAME='Odd' VALUE='unknown'><ITEM VALUE='x'/></LIST>
+    <GROUP ID='More'><BOOL NAME='Inner'/><UNKNOWN NAME='U'/></GROUP>
+    <BOOL NAME='Hidden' VISIBLE='False' VALUE='True'/>
+  </CASE>
+  <CASE ID='Other'><TEXT NAME='Elsewhere' VALUE='z'/></CASE>
+</OPTIONS>)";
+
+class OptionsDialogTest : public WindowTest {
+  protected:
+    OptionsDialogTest() {
+        state.frontend = frontend;
+        Give(tree);
+    }
+
+    void Give(const std::string& text) const {
+        frontend->projectOptions->document = xml::Document::Parse(text, "options");
+    }
+    [[nodiscard]] std::string Kept() const { return frontend->projectOptions->document.Text(); }
+
+    // Opens the dialog, acts on it and presses the button.
+    bool Edit(const char* button, const std::function<void(QWidget&)>& act) {
+        WhenOpen("frmOptions", [&](QWidget& dialog) {
+            act(dialog);
+            dialog.findChild<QPushButton*>(button)->click();
+        });
+        return EditProjectOptions(state, nullptr, optionCase, twips);
+    }
+
+    static void Change(QWidget& dialog) {
+        dialog.findChild<QCheckBox*>("chkFlag")->click();
+        dialog.findChild<QLineEdit*>("txtFolder")->setText("<か>");
+        dialog.findChild<QSpinBox*>("numCount")->setValue(7);
+        dialog.findChild<QComboBox*>("cmbChoice")->setCurrentIndex(1);
+        dialog.findChild<QCheckBox*>("chkInner")->click();
+    }
+};
+
+TEST_F(OptionsDialogTest, ShowsTheOptionsOfTheCaseThatAreVisible) {
+    const auto shown = [](QWidget& dialog) {
+        EXPECT_EQ(dialog.size(), QSize(408, 357));
+        EXPECT_TRUE(dialog.findChild<QCheckBox*>("chkFlag")->isChecked());
+        EXPECT_EQ(dialog.findChild<QCheckBox*>("chkFlag")->text(), "C&lose");
+        EXPECT_TRUE(dialog.findChild<QCheckBox*>("chkFlag")->accessibleDescription().startsWith("Linked"));
+        EXPECT_EQ(dialog.findChild<QLineEdit*>("txtFolder")->text(), "a&b");
+        EXPECT_EQ(dialog.findChild<QSpinBox*>("numCount")->value(), -5);
+        EXPECT_EQ(dialog.findChild<QComboBox*>("cmbChoice")->currentText(), "Ex");
+        EXPECT_EQ(dialog.findChild<QComboBox*>("cmbChoice")->itemText(1), "y");
+        EXPECT_EQ(dialog.findChild<QComboBox*>("cmbOdd")->currentIndex(), -1);
+        EXPECT_FALSE(dialog.findChild<QWidget*>("fraMore")->findChild<QCheckBox*>("chkInner")->isChecked());
+        for (const char* name : {"chkHidden", "txtElsewhere"})
+            EXPECT_EQ(dialog.findChild<QWidget*>(name), nullptr) << name;
+    };
+    EXPECT_FALSE(Edit("cmdCancel", shown));
+}
+
+TEST_F(OptionsDialogTest, KeepsWhatIsConfirmedAndNothingElse) {
+    const std::string before = Kept();
+    EXPECT_FALSE(Edit("cmdCancel", Change));
+    EXPECT_EQ(Kept(), before);
+    EXPECT_TRUE(Edit("cmdOK", [](QWidget&) {}));
+    EXPECT_EQ(Kept(), before);
+
+    std::string after = tree;
+    for (const auto& [from, to] : {std::pair("VALUE='1'", "VALUE='False'"),
+                                   {"'a&amp;b'", "'&lt;か>'"},
+                                   {"'-5'", "'7'"},
+                                   {"NAME='Choice' VALUE='x'", "NAME='Choice' VALUE='y'"},
+                                   {"NAME='Inner'", "NAME='Inner' VALUE='True'"}})
+        after.replace(after.find(from), std::string(from).size(), to);
+    EXPECT_TRUE(Edit("cmdOK", Change));
+    EXPECT_EQ(Kept(), xml::Document::Parse(after, "after").Text());
+}
+
+TEST_F(OptionsDialogTest, ATreeWithoutTheCaseIsRefused) {
+    EXPECT_THROW((void)EditProjectOptions(state, nullptr, "//CASE[@ID='Nobody']", twips), Error);
+}
+
+TEST_F(OptionsDialogTest, LinkedTablesAreImportedUnlessAnOptionSaysOtherwise) {
+    const std::pair<const char*, bool> cases[] = {
+        {"<OPTIONS/>", true},
+        {"<OPTIONS><CASE ID='VNT'><GROUP><BOOL NAME='ImportAtStart' VALUE='true'/></GROUP></CASE></OPTIONS>",
+         true},
+        {"<OPTIONS><CASE ID='VNT'><BOOL NAME='ImportAtStart' VALUE='False'/></CASE></OPTIONS>", false},
+        {"<OPTIONS><CASE ID='X'><BOOL NAME='ImportAtStart' VALUE='False'/></CASE></OPTIONS>", true},
+    };
+    for (const auto& [text, imports] : cases) {
+        Give(text);
+        EXPECT_EQ(ImportAtStart(*frontend), imports) << text;
+    }
+}
+
+TEST_F(OptionsDialogTest, TheAboutBoxNamesTheVersion) {
+    QString version;
+    WhenOpen("frmAbout", [&](QWidget& dialog) {
+        version = dialog.findChild<QLabel*>("lblVersion")->text();
+        dialog.findChild<QPushButton*>("cmdOK")->click();
+    });
+    ShowAbout(state, nullptr);
+    EXPECT_TRUE(QRegularExpression("^Version \\d+\\.\\d+\\.\\d+$").match(version).hasMatch())
+        << version.toStdString();
+}
+
+}  // namespace
+}  // namespace tessel::test

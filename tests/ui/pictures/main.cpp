@@ -1,0 +1,118 @@
+#include <QAction>
+#include <QLineEdit>
+#include <QMenu>
+#include <QStyleFactory>
+#include <QTabWidget>
+#include <QTreeView>
+#include <filesystem>
+#include <iostream>
+
+#include "engine/tessel_engine.h"
+#include "ui/controls/help_window.h"
+#include "ui/main/application.h"
+#include "ui/main/frm_main.h"
+#include "ui/main/qt_questions.h"
+#include "ui/pictures/camera.h"
+#include "workbench/stand_alone_frontend.h"
+
+// pictures SHARE WORKSPACE PROJECT OUT LANGUAGE light|dark: pictures of every state of the window on a
+// project, which should hold tables, keys and errors, and of its dialogs.
+namespace tessel::pictures {
+
+constexpr QSize windowSize(1280, 800);
+
+class Album {
+  public:
+    Album(ComponentState& state, Camera camera)
+        : state_(state), window_(dynamic_cast<frmMain&>(*state.window)), camera_(std::move(camera)) {
+        window_.resize(windowSize);
+    }
+
+    void Fill() {
+        TakeWindow();
+        TakeMenus();
+        TakeTableDialog();
+        TakeQuestions();
+        TakeOthers();
+    }
+
+  private:
+    void Choose(const char* item) { window_.findChild<QAction*>(item)->trigger(); }
+
+    void TakeWindow() {
+        camera_.Take(window_, "window");
+        for (const char* item : {"mnuViewDiagram", "mnuViewOrigin", "mnuViewLog", "mnuVerifyAll"})
+            Choose(item);
+        camera_.Take(window_, "six-panes");
+        state_.window->StartProgress("Loading", 4);
+        state_.window->FinishStep(2);
+        camera_.Take(window_, "progress");
+        state_.window->FinishProgress();
+    }
+
+    void TakeMenus() {
+        for (QMenu* menu : window_.findChildren<QMenu*>()) {
+            if (!menu->objectName().startsWith("mnu")) continue;
+            menu->popup(QPoint(0, 0));
+            camera_.Take(*menu, menu->objectName());
+            menu->close();
+        }
+    }
+
+    void TakeTableDialog() {
+        for (const int tab : {0, 1})
+            camera_.TakeModal(
+                "frmTable", "table-" + QString::number(tab), [&] { Choose("mnuStructureProperties"); },
+                [tab](QWidget& dialog) { dialog.findChild<QTabWidget*>("SSTab1")->setCurrentIndex(tab); });
+    }
+
+    void TakeQuestions() {
+        camera_.TakeModal("inputDialog", "input", [&] { Choose("mnuStructureRename"); });
+        camera_.TakeModal("messageBox", "delete-schema", [&] { Choose("mnuFileDelete"); });
+        camera_.TakeModal("messageBox", "drop-table", [&] { Choose("mnuStructureDelete"); });
+    }
+
+    void TakeOthers() {
+        camera_.TakeModal("frmOptions", "options", [&] { Choose("mnuViewOptions"); });
+        camera_.TakeModal("frmAbout", "about", [&] { Choose("mnuHelpAbout"); });
+        Choose("mnuHelpWindow");
+        camera_.Take(*window_.findChild<QWidget*>("frmHelp"), "help");
+    }
+
+    ComponentState& state_;
+    frmMain& window_;
+    Camera camera_;
+};
+
+int Run(int argc, char** argv) {
+    const std::string share = argv[1], out = argv[4];
+    qputenv("XDG_CONFIG_HOME", (out + "/config").c_str());
+    std::filesystem::create_directories(out);
+    ComponentState state;
+    Application application(argc, argv, [](const std::string& what) { std::cerr << what << '\n'; });
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    if (std::string_view(argv[6]) == "dark") UseDarkColours();
+    state.texts = std::make_shared<text::Texts>(share + "/texts", argv[5]);
+    state.codePage = std::make_shared<text::CodePage>(text::CodePage::FromEnvironment());
+    state.questions = std::make_shared<QtQuestions>();
+    state.loadMainWindow = LoadMainWindow;
+    application.UseLanguage(state.texts->Language());
+    const auto frontend = std::make_shared<workbench::StandAloneFrontend>(
+        workbench::WorkspaceFolder::Open(argv[2]), argv[3], share);
+    if (TesselEngine(state).Run(frontend, Missing{}, Missing{}) != 0) return 1;
+    Album(state, Camera(QString::fromStdString(out))).Fill();
+    dynamic_cast<frmMain&>(*state.window).close();
+    state.window.reset();
+    return 0;
+}
+
+}  // namespace tessel::pictures
+
+int main(int argc, char** argv) {
+    if (argc != 7) {
+        std::cerr << "usage: pictures SHARE WORKSPACE PROJECT OUT en|ja|ko light|dark\n";
+        return 2;
+    }
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    return tessel::pictures::Run(argc, argv);
+}
