@@ -15,6 +15,7 @@ nlohmann-json3-dev reads and writes JSON lines
 libcli11-dev reads the command line
 libgraphviz-dev places the boxes of a diagram
 qt6-base-dev shows the window
+qt6-svg-dev draws the icons at every size
 libgtest-dev runs the tests
 '
 testPackages='

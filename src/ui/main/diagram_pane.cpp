@@ -1,5 +1,7 @@
 #include "ui/main/diagram_pane.h"
 
+#include <unordered_set>
+
 #include "platform/files/file_service.h"
 #include "platform/text/utf8.h"
 #include "schema/object_keys.h"
@@ -67,12 +69,15 @@ void DiagramPane::AddBoxes() {
 }
 
 void DiagramPane::AddLinks() {
+    std::unordered_set<std::string> keys;
     for (auto row = state_.Database().Select("select * from ForeignKeys "); row.Next();) {
         const std::string key = ForeignKeyKey(row.Integer("KeyID"));
-        if (!diagram_->HasLink(key))
-            diagram_->AddLink(key, TableKey(row.Integer("TabID")), TableKey(row.Integer("RefTabId")),
-                              row.Text("KeyName"));
+        diagram_->AddLink(key, TableKey(row.Integer("TabID")), TableKey(row.Integer("RefTabId")),
+                          row.Text("KeyName"));
+        keys.insert(key);
     }
+    for (const std::string& key : diagram_->LinkKeys())
+        if (!keys.contains(key)) diagram_->RemoveLink(key);
 }
 
 void DiagramPane::DrawTable(const std::string& name, std::int32_t tabID, const Value& comments) {

@@ -16,9 +16,11 @@ std::string OneLine(const Value& comments) { return FlattenText(NullToText(comme
 }  // namespace
 
 std::optional<std::size_t> BrowserList::Find(std::string_view key) const {
-    const auto found = std::ranges::find(rows_, key, &BrowserRow::key);
-    if (found == rows_.end()) return std::nullopt;
-    return static_cast<std::size_t>(found - rows_.begin());
+    const auto name = names_.find(std::string(key));
+    if (name == names_.end()) return std::nullopt;
+    const auto place = rows_.begin() + static_cast<std::ptrdiff_t>(PlaceOf(name->second));
+    return static_cast<std::size_t>(std::ranges::find(place, rows_.end(), key, &BrowserRow::key) -
+                                    rows_.begin());
 }
 
 void BrowserList::Refresh(db::Database& database, host::Frontend& frontend) {
@@ -30,7 +32,11 @@ void BrowserList::Refresh(db::Database& database, host::Frontend& frontend) {
              .text = row.Text("TableName"),
              .description = OneLine(row["Comments"]),
              .tag = OriginReference(frontend, NullToText(row["RepObjId"]), NullToText(row["CVRL"]))});
-    Change({.kind = BrowserChange::Kind::Reset}, [&] { rows_ = std::move(rows); });
+    Change({.kind = BrowserChange::Kind::Reset}, [&] {
+        rows_ = std::move(rows);
+        names_.clear();
+        for (const BrowserRow& row : rows_) names_.emplace(row.key, row.text);
+    });
 }
 
 void BrowserList::Draw(const std::string& name, std::int32_t tabID, const Value& tag, const Value& comments) {
@@ -49,8 +55,10 @@ void BrowserList::Draw(const std::string& name, std::int32_t tabID, const Value&
 void BrowserList::Remove(std::string_view key) {
     const auto row = Find(key);
     if (!row) return;
-    Change({.kind = BrowserChange::Kind::Remove, .row = *row},
-           [&] { rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(*row)); });
+    Change({.kind = BrowserChange::Kind::Remove, .row = *row}, [&] {
+        names_.erase(rows_[*row].key);
+        rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(*row));
+    });
 }
 
 std::size_t BrowserList::PlaceOf(const std::string& text) const {
@@ -59,14 +67,19 @@ std::size_t BrowserList::PlaceOf(const std::string& text) const {
 }
 
 void BrowserList::Insert(std::size_t place, BrowserRow row) {
-    Change({.kind = BrowserChange::Kind::Insert, .row = place},
-           [&] { rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(place), std::move(row)); });
+    Change({.kind = BrowserChange::Kind::Insert, .row = place}, [&] {
+        names_[row.key] = row.text;
+        rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(place), std::move(row));
+    });
 }
 
 void BrowserList::Renew(std::size_t row, std::size_t place, BrowserRow renewed) {
     if (place < row || place > row + 1) Move(row, place);
     const std::size_t now = place > row ? place - 1 : place;
-    Change({.kind = BrowserChange::Kind::Renew, .row = now}, [&] { rows_[now] = std::move(renewed); });
+    Change({.kind = BrowserChange::Kind::Renew, .row = now}, [&] {
+        names_[renewed.key] = renewed.text;
+        rows_[now] = std::move(renewed);
+    });
 }
 
 void BrowserList::Move(std::size_t from, std::size_t to) {

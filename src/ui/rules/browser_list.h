@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "host/frontend.h"
@@ -61,6 +62,7 @@ class BrowserList {
     void Change(const BrowserChange& change, const std::function<void()>& apply);
 
     std::vector<BrowserRow> rows_;
+    std::unordered_map<std::string, std::string> names_;  // by key
     Watcher watcher_;
 };
 

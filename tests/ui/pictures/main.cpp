@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
 #include <QStyleFactory>
@@ -20,6 +21,7 @@
 namespace tessel::pictures {
 
 constexpr QSize windowSize(1280, 800);
+constexpr int tourZoom = 65;
 
 class Album {
   public:
@@ -32,6 +34,8 @@ class Album {
         TakeWindow();
         TakeMenus();
         TakeTableDialog();
+        TakeTabs();
+        TakeDiagramServices();
         TakeQuestions();
         TakeOthers();
     }
@@ -41,8 +45,15 @@ class Album {
 
     void TakeWindow() {
         camera_.Take(window_, "window");
-        for (const char* item : {"mnuViewDiagram", "mnuViewOrigin", "mnuViewLog", "mnuVerifyAll"})
-            Choose(item);
+        auto& diagram = *window_.findChild<TDiagram*>("Diagram");
+        Choose("mnuViewDiagram");
+        Choose("mnuDiagramAutoPlace");
+        window_.findChild<QTreeView*>("lvBrowser")->keyboardSearch("Edition");
+        diagram.SetZoom(tourZoom);
+        diagram.BringIntoView(diagram.CurrentBox());
+        camera_.Take(window_, "tour");
+        for (const char* item : {"mnuViewOrigin", "mnuViewLog", "mnuVerifyAll"}) Choose(item);
+        diagram.ZoomToFit();
         camera_.Take(window_, "six-panes");
         state_.window->StartProgress("Loading", 4);
         state_.window->FinishStep(2);
@@ -66,6 +77,33 @@ class Album {
                 [tab](QWidget& dialog) { dialog.findChild<QTabWidget*>("SSTab1")->setCurrentIndex(tab); });
     }
 
+    // Each tab of the properties, the dialog of its first row, and that of a new key.
+    void TakeTabs() {
+        auto* tabs = window_.findChild<QTabBar*>("tsProperties");
+        auto* list = window_.findChild<QTreeView*>("lvProperties");
+        for (const char* dialog : {"frmColumn", "frmIndex", "frmForeignKey", "frmForeignKey"}) {
+            const QString name = "tab-" + QString::number(tabs->currentIndex());
+            camera_.Take(*window_.findChild<QWidget*>("paneProperties"), name);
+            list->setCurrentIndex(list->model()->index(0, 0));
+            if (list->currentIndex().isValid())
+                camera_.TakeModal(dialog, name + "-dialog", [&] { Choose("mnuPopupProperties"); });
+            if (tabs->currentIndex() == 2)
+                camera_.TakeModal("frmCreateKey", "new-key", [&] { Choose("mnuPopupNew"); });
+            QKeyEvent next(QEvent::KeyPress, Qt::Key_Right, Qt::NoModifier);
+            QApplication::sendEvent(tabs, &next);
+        }
+    }
+
+    void TakeDiagramServices() {
+        camera_.TakeModal("frmPrintPreview", "print-preview", [&] { Choose("mnuDiagramPrint"); });
+        Choose("mnuDiagramEdit");
+        for (QWidget* editor : QApplication::topLevelWidgets()) {
+            if (editor->objectName() != "frmDiagramEditor") continue;
+            camera_.Take(*editor, "diagram-editor");
+            editor->close();
+        }
+    }
+
     void TakeQuestions() {
         camera_.TakeModal("inputDialog", "input", [&] { Choose("mnuStructureRename"); });
         camera_.TakeModal("messageBox", "delete-schema", [&] { Choose("mnuFileDelete"); });
@@ -86,6 +124,7 @@ class Album {
 
 int Run(int argc, char** argv) {
     const std::string share = argv[1], out = argv[4];
+    std::filesystem::remove_all(out + "/config");
     qputenv("XDG_CONFIG_HOME", (out + "/config").c_str());
     std::filesystem::create_directories(out);
     ComponentState state;
