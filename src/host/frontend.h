@@ -78,7 +78,7 @@ class Options {
     virtual void Save(const xml::Document& document) = 0;       // in place of what was there
 };
 
-// The host object. The same members answer to Call.
+// The host object. Names, the project and the repository answer to Call as well.
 class Frontend : public Object {
   public:
     [[nodiscard]] virtual std::shared_ptr<RepositoryObject> ProjectObject() = 0;

@@ -80,7 +80,6 @@ void Content::Clear() {
             removed_[box.caption] = {box.rect.x, box.rect.y};
         }
     }
-    before_.clear();
     TakeUp({});
 }
 

@@ -6,7 +6,7 @@ namespace tessel::diagram {
 
 // So many links are led around everything while the user waits for a placement, or hardly notices.
 inline constexpr std::size_t mostInPlacement = 6000;
-inline constexpr std::size_t mostInPassing = 200;
+inline constexpr std::size_t mostInPassing = 100;
 
 // Draws the links that are not drawn yet with lines along the axes, from border to border, around the boxes
 // and beside the other lines; more than `most` are only sketched. Lines to the same box may end as one; lines

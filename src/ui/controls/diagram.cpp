@@ -251,6 +251,7 @@ bool TDiagram::IsArranged() const { return content_.IsArranged(); }
 bool TDiagram::Place(const diagram::KeepOn& keepOn) {
     if (!content_.Place(keepOn)) return false;
     Renew();
+    BringCurrentIntoView();
     return true;
 }
 
@@ -260,6 +261,12 @@ void TDiagram::UndoPlacement() {
     if (!CanUndoPlacement()) return;
     content_.UndoPlacement();
     Renew();
+    BringCurrentIntoView();
+}
+
+// Or the first box, while none is current.
+void TDiagram::BringCurrentIntoView() {
+    if (BoxCount() > 0) BringIntoView(CurrentBox().empty() ? BoxKeys().front() : CurrentBox());
 }
 
 QRectF TDiagram::BoundingRect() const {

@@ -152,6 +152,7 @@ class TDiagram : public QWidget {
   private:
     void ConnectView();
     void ConnectSearch();
+    void BringCurrentIntoView();
     void Renew();  // draws what is not drawn yet and repaints, unless drawing is suspended
     [[nodiscard]] QAction* Button(const std::string& key) const;
 

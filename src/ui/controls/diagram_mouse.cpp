@@ -94,7 +94,7 @@ void DiagramView::mouseMoveEvent(QMouseEvent* event) {
 }
 
 void DiagramView::StartMoving(const QPoint& place) {
-    if ((place - pressedAt_).manhattanLength() < QApplication::startDragDistance() || connecting_) return;
+    if (!HasMoved(place) || connecting_) return;
     const std::string box = BoxAt(pressedAt_);
     if (marks_.selected.contains(box)) {
         doing_ = Doing::Dragging;
@@ -160,8 +160,21 @@ void DiagramView::Release(Qt::MouseButton button, const QPoint& place) {
     const Doing did = std::exchange(doing_, Doing::Nothing);
     if (did == Doing::Dragging) FinishMoving();
     if (did == Doing::Framing) frame_->hide();
+    if (did == Doing::Connecting && !HasMoved(place)) return ClickHandle(button);
     if (did == Doing::Connecting || (did == Doing::Pressing && connecting_)) return FinishConnecting(true);
     if (did == Doing::Pressing || (did == Doing::Nothing && button == Qt::RightButton)) Click(button, place);
+}
+
+bool DiagramView::HasMoved(const QPoint& place) const {
+    return (place - pressedAt_).manhattanLength() >= QApplication::startDragDistance();
+}
+
+// A handle lies half in its box, and a click there is one on the box.
+void DiagramView::ClickHandle(Qt::MouseButton button) {
+    const std::string box = *connecting_;
+    FinishConnecting(false);
+    SetCurrentBox(box);
+    emit BoxClicked(box, button);
 }
 
 void DiagramView::Click(Qt::MouseButton button, const QPoint& place) {

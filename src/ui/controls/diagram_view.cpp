@@ -93,8 +93,12 @@ void DiagramView::FitScene() {
     }
 }
 
+// A box that is seen already stays where it is, under the pointer that perhaps clicks it a second time.
 void DiagramView::BringIntoView(const std::string& box) {
-    if (content_.FindBox(box)) ensureVisible(ToPixels(content_.OutlineOf(box)), shownAround, shownAround);
+    if (!content_.FindBox(box)) return;
+    const QRectF place = ToPixels(content_.OutlineOf(box));
+    const QRect seen = mapFromScene(place).boundingRect();
+    if (!viewport()->rect().contains(seen)) ensureVisible(place, shownAround, shownAround);
 }
 
 void DiagramView::SetZoom(int percent) { ZoomAround(viewport()->rect().center(), percent); }

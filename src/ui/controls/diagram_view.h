@@ -91,6 +91,8 @@ class DiagramView : public QGraphicsView {
     void PointAtTarget(const QPoint& place);
     void Hover(const QPoint& place);
     void Release(Qt::MouseButton button, const QPoint& place);
+    [[nodiscard]] bool HasMoved(const QPoint& place) const;  // since the press, enough for a drag
+    void ClickHandle(Qt::MouseButton button);
     void Click(Qt::MouseButton button, const QPoint& place);
     void FinishMoving();
     void CancelMouse();

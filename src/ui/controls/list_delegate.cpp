@@ -35,8 +35,8 @@ void ListDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QMod
     const QString text = qobject_cast<QLineEdit*>(editor)->text();
     if (!rename_ || text == index.data(Qt::EditRole).toString()) return;
     auto* view = qobject_cast<QAbstractItemView*>(parent());
-    QTimer::singleShot(0, view, [this, view, text, item = QPersistentModelIndex(index)] {
-        if (!item.isValid() || rename_(item, text) || !item.isValid()) return;
+    QTimer::singleShot(0, view, [view, rename = rename_(index, text), item = QPersistentModelIndex(index)] {
+        if (rename() || !item.isValid()) return;
         view->setCurrentIndex(item);
         view->edit(item);
     });

@@ -9,13 +9,13 @@ namespace tessel {
 // a tooltip where its column is too narrow for it.
 class ListDelegate : public QStyledItemDelegate {
   public:
-    // Gives an item a new text; false when that is refused.
-    using Rename = std::function<bool(const QModelIndex& item, const QString& text)>;
+    // Takes a finished edit and answers what then gives the item its new text, or false when that is refused.
+    // By then the item may have left the list.
+    using Rename = std::function<std::function<bool()>(const QModelIndex& item, const QString& text)>;
 
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    // What a finished edit does. It is called once the editor is closed; an edit that is refused starts
-    // again.
+    // What a finished edit does, once the editor is closed. An edit that is refused starts again.
     void OnRename(Rename rename) { rename_ = std::move(rename); }
 
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;

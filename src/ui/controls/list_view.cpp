@@ -2,6 +2,7 @@
 
 #include <QHeaderView>
 #include <QKeyEvent>
+#include <algorithm>
 
 namespace tessel {
 
@@ -34,15 +35,20 @@ void ListView::OnKey(QKeyCombination key, std::function<void()> act) {
 
 void ListView::keyPressEvent(QKeyEvent* event) {
     const int key = Combined(*event);
+    // The editor of a label passes on the keys that it has no use for.
+    if (IsEditing()) return QTreeView::keyPressEvent(event);
+    if ((key == Qt::Key_Down || key == Qt::Key_Up) && SelectFramed()) return;
     if (!commands_.contains(key)) return QTreeView::keyPressEvent(event);
-    pressed_ = key;
+    pressed_.insert(key);
 }
 
 void ListView::keyReleaseEvent(QKeyEvent* event) {
-    const bool ours = pressed_ != 0 && (pressed_ & ~int(Qt::KeyboardModifierMask)) ==
-                                           (Combined(*event) & ~int(Qt::KeyboardModifierMask));
-    if (!ours || event->isAutoRepeat()) return QTreeView::keyReleaseEvent(event);
-    commands_.at(std::exchange(pressed_, 0))();
+    const auto key = [](int combined) { return combined & ~int(Qt::KeyboardModifierMask); };
+    const auto pressed = std::ranges::find(pressed_, key(Combined(*event)), key);
+    if (pressed == pressed_.end() || event->isAutoRepeat()) return QTreeView::keyReleaseEvent(event);
+    const auto act = commands_.at(*pressed);
+    pressed_.erase(pressed);
+    act();
 }
 
 void ListView::mousePressEvent(QMouseEvent* event) {
@@ -56,9 +62,16 @@ void ListView::mouseReleaseEvent(QMouseEvent* event) {
         emit PopupWanted(event->globalPosition().toPoint());
 }
 
-void ListView::focusInEvent(QFocusEvent* event) {
-    QTreeView::focusInEvent(event);
-    emit FocusGot();
+// Qt frames the first row without selecting it, and no command would take it.
+bool ListView::SelectFramed() {
+    if (!currentIndex().isValid() || selectionModel()->hasSelection()) return false;
+    selectionModel()->select(currentIndex(), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    return true;
+}
+
+void ListView::focusOutEvent(QFocusEvent* event) {
+    QTreeView::focusOutEvent(event);
+    pressed_.clear();
 }
 
 QPoint ListView::PlaceOfCurrent() const {

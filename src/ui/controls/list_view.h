@@ -4,6 +4,7 @@
 #include <QTreeView>
 #include <functional>
 #include <map>
+#include <set>
 
 #include "ui/controls/list_delegate.h"
 
@@ -28,21 +29,21 @@ class ListView : public QTreeView {
     // A context menu is wanted at this place of the screen: the right button was released, or Shift+F10 or
     // the menu key.
     void PopupWanted(const QPoint& place);
-    void FocusGot();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void keyReleaseEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
-    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
 
   private:
     [[nodiscard]] QPoint PlaceOfCurrent() const;
+    bool SelectFramed();  // whether there was a framed row and no selection
 
     ListDelegate* delegate_;
     std::map<int, std::function<void()>> commands_;  // by key and modifiers
-    int pressed_ = 0;                                // the command whose key is down
+    std::set<int> pressed_;                          // those of them whose key is down
     Qt::MouseButton button_ = Qt::NoButton;          // the one pressed last
 };
 

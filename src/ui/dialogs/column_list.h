@@ -18,6 +18,8 @@ class ColumnList : public ListView {
     void Show(std::vector<ColumnItem> items, std::optional<std::size_t> selected);
     void FitColumns();  // the first header to the texts and to the list's width
 
+    [[nodiscard]] std::optional<std::size_t> Selected() const;
+
     // Is told the row that the user selects, or none.
     void OnSelect(std::function<void(std::optional<std::size_t>)> select) { select_ = std::move(select); }
     // Is told that the selected row was double-clicked, or Enter pressed on it.
@@ -35,7 +37,6 @@ class ColumnList : public ListView {
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
   private:
-    [[nodiscard]] std::optional<std::size_t> Selected() const;
     void Select(std::optional<std::size_t> row);
     void ChooseRed();
 

@@ -103,6 +103,7 @@ void DiagramEditor::SaveCopy() const {
 }
 
 void DiagramEditor::closeEvent(QCloseEvent* event) {
+    if (!parentWidget()->isEnabled()) return event->ignore();
     event->accept();
     if (!placeholder_) return;
     GiveDiagramBack();

@@ -199,7 +199,7 @@ bool PrintPreview::Confirm() {
     }
     try {
         PrintPages();
-    } catch (const Error&) {
+    } catch (const std::exception&) {
         failure_ = std::current_exception();
     }
     return true;

@@ -129,6 +129,8 @@ void frmForeignKey::ListenTo(ForeignKeyDialog::List list) {
     lvColumns_[list]->OnEnter([this, list] {
         rules_.SelectPartner(list);
         Refresh();
+        ColumnList& other = *lvColumns_[1 - list];
+        if (other.Selected()) other.scrollTo(other.currentIndex());
     });
     lvColumns_[list]->OnKey(Qt::Key_Insert, [this] { cmdLink_->click(); });
     lvColumns_[list]->OnKey(Qt::Key_Delete, [this] { cmdUnlink_->click(); });

@@ -3,7 +3,7 @@
 namespace tessel {
 
 BrowserModel::BrowserModel(BrowserList& list, const text::Texts& texts)
-    : list_(list), texts_(texts), icon_(BrowserImages().Icon("table")) {
+    : list_(list), texts_(texts), images_(BrowserImages()) {
     list_.Watch([this](const BrowserChange& change, const auto& apply) { Follow(change, apply); });
 }
 
@@ -17,14 +17,16 @@ int BrowserModel::columnCount(const QModelIndex& parent) const { return parent.i
 
 QVariant BrowserModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid()) return {};
-    if (role == Qt::DecorationRole && index.column() == Name) return icon_;
+    if (role == Qt::DecorationRole && index.column() == Name) return images_.Icon("table");
     if (role != Qt::DisplayRole && role != Qt::EditRole) return {};
     const BrowserRow& row = list_.Rows()[static_cast<std::size_t>(index.row())];
     return QString::fromStdString(index.column() == Name ? row.text : row.description);
 }
 
 QVariant BrowserModel::headerData(int section, Qt::Orientation orientation, int role) const {
-    if (orientation != Qt::Horizontal || role != Qt::DisplayRole) return {};
+    if (orientation != Qt::Horizontal) return {};
+    if (role == Qt::DecorationRole && section == Name) return images_.Icon("DBSchema");
+    if (role != Qt::DisplayRole) return {};
     return QString::fromStdString(texts_.Text(section == Name ? 1001 : 1002));
 }
 

@@ -16,6 +16,9 @@ class BrowserModel : public RowsModel {
     BrowserModel(BrowserList& list, const text::Texts& texts);
     ~BrowserModel() override;
 
+    // The icon of the schema, which stands over the tables.
+    void UseSchemaIcon(const QString& path) { images_.Add("DBSchema", path); }
+
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
@@ -25,7 +28,7 @@ class BrowserModel : public RowsModel {
   private:
     BrowserList& list_;
     const text::Texts& texts_;
-    QIcon icon_;
+    ImageList images_;
 };
 
 }  // namespace tessel

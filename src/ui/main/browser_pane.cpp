@@ -1,5 +1,6 @@
 #include "ui/main/browser_pane.h"
 
+#include <QApplication>
 #include <algorithm>
 
 #include "schema/object_keys.h"
@@ -25,9 +26,13 @@ void BrowserPane::ConnectList() {
     lvBrowser_->OnKey(Qt::Key_Delete, [this] { Delete(); });
     lvBrowser_->OnKey(Qt::Key_F2, [this] { Rename(); });
     lvBrowser_->OnKey(Qt::ALT | Qt::Key_Return, [this] { Properties(); });
-    lvBrowser_->OnRename(
-        [this](const QModelIndex& item, const QString& name) { return RenameInPlace(item, name); });
-    connect(lvBrowser_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+    lvBrowser_->OnRename([this](const QModelIndex& item, const QString& name) {
+        return
+            [this, table = tables_.Rows()[static_cast<std::size_t>(item.row())], name = name.toStdString()] {
+                return rules_.Rename(IdentifierOf(table.key), table.text, name);
+            };
+    });
+    connect(lvBrowser_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &BrowserPane::TableSelected);
 }
 
@@ -39,8 +44,8 @@ void BrowserPane::ConnectCommands(const Commands& commands) {
 }
 
 const BrowserRow* BrowserPane::Selected() const {
-    const QModelIndex current = lvBrowser_->currentIndex();
-    return current.isValid() ? &tables_.Rows()[static_cast<std::size_t>(current.row())] : nullptr;
+    const QModelIndexList selected = lvBrowser_->selectionModel()->selectedRows();
+    return selected.isEmpty() ? nullptr : &tables_.Rows()[static_cast<std::size_t>(selected.front().row())];
 }
 
 bool BrowserPane::Select(std::string_view key) {
@@ -68,8 +73,10 @@ void BrowserPane::New() {
 }
 
 void BrowserPane::Delete() {
-    if (const BrowserRow* table = Selected())
-        rules_.Delete(IdentifierOf(table->key), std::string(table->text));
+    const BrowserRow* table = Selected();
+    // The list selects the neighbour of a row that goes, but the user did not choose that table.
+    if (table && rules_.Delete(IdentifierOf(table->key), std::string(table->text)))
+        lvBrowser_->clearSelection();
 }
 
 void BrowserPane::Rename() {
@@ -81,12 +88,7 @@ void BrowserPane::Properties() {
     const BrowserRow* table = Selected();
     std::string comment;
     // What is written is drawn by then.
-    if (table) (void)frmTable::Edit(state_, lvBrowser_->window(), IdentifierOf(table->key), comment);
-}
-
-bool BrowserPane::RenameInPlace(const QModelIndex& item, const QString& name) {
-    const BrowserRow table = tables_.Rows()[static_cast<std::size_t>(item.row())];
-    return rules_.Rename(IdentifierOf(table.key), table.text, name.toStdString());
+    if (table) (void)frmTable::Edit(state_, QApplication::activeWindow(), IdentifierOf(table->key), comment);
 }
 
 void BrowserPane::FitColumns() {

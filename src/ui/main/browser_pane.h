@@ -20,6 +20,7 @@ class BrowserPane : public QObject {
     BrowserPane(ComponentState& state, const Commands& commands);
 
     [[nodiscard]] ListView& View() const { return *lvBrowser_; }
+    [[nodiscard]] BrowserModel& Model() { return model_; }
     [[nodiscard]] BrowserList& Tables() { return tables_; }
 
     [[nodiscard]] const BrowserRow* Selected() const;  // none while no table is selected
@@ -50,7 +51,6 @@ class BrowserPane : public QObject {
   private:
     void ConnectList();
     void ConnectCommands(const Commands& commands);
-    [[nodiscard]] bool RenameInPlace(const QModelIndex& item, const QString& name);
 
     ComponentState& state_;
     TableCommands rules_;

@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 
 #include "ui/main/frm_main.h"
+#include "ui/rules/messages.h"
 #include "verify/db_check.h"
 
 namespace tessel {
@@ -12,7 +13,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
     if (!isEnabled()) return event->ignore();
     event->accept();
     FinishSchema();
-    StoreLayout();
+    TryToClose([this] { StoreLayout(); });
     ReleasePanes();
     ReleaseHost();
 }
@@ -25,15 +26,19 @@ void frmMain::CancelEdit() {
     QApplication::sendEvent(focus, &escape);
 }
 
-// What can no longer be read or written is said and does not keep the window open.
 void frmMain::FinishSchema() {
     if (!state_.database) return;
+    TryToClose([this] { DBCheck(state_).VerifySchema(false); });
+    TryToClose([this] { diagram_.Save(); });
+}
+
+// What can no longer be read or written is said and does not keep the window open.
+void frmMain::TryToClose(const std::function<void()>& step) {
     try {
-        DBCheck(state_).VerifySchema(false);
-        diagram_.Save();
-    } catch (const Error& error) {
+        step();
+    } catch (const std::exception& error) {
         FinishProgress();
-        state_.questions->Show({.text = error.what(), .title = state_.Title(), .icon = host::Icon::Critical});
+        Tell(state_, error.what(), host::Icon::Critical);
     }
 }
 
@@ -48,7 +53,7 @@ void frmMain::ReleasePanes() {
 }
 
 void frmMain::ReleaseHost() {
-    state_.frontend->Terminate();
+    TryToClose([this] { state_.frontend->Terminate(); });
     state_.workspace.reset();
     state_.database.reset();
     state_.project.reset();

@@ -1,6 +1,7 @@
 // What the user does to the diagram.
 
 #include <QApplication>
+#include <QKeyEvent>
 
 #include "platform/files/file_service.h"
 #include "schema/object_keys.h"
@@ -18,6 +19,23 @@ constexpr int previewTitleText = 2708;
 constexpr int emptyText = 2709;
 constexpr int cannotPrintText = 2710;
 constexpr int schemaText = 606;
+
+// Notes whether Escape is pressed while it lives, in a window that takes no input as well.
+class EscapeWatch : public QObject {
+  public:
+    EscapeWatch() { qApp->installEventFilter(this); }
+
+    [[nodiscard]] bool WasPressed() const { return wasPressed_; }
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+            wasPressed_ = true;
+        return false;
+    }
+
+  private:
+    bool wasPressed_ = false;
+};
 
 }  // namespace
 
@@ -40,22 +58,20 @@ void DiagramPane::ConnectEvents() {
 }
 
 void DiagramPane::ConnectCommands() {
-    const std::tuple<std::initializer_list<const char*>, const char*, void (DiagramPane::*)()> acts[] = {
-        {{"mnuDiagramAutoPlace", "mnuGeneralAutoPlace"}, "Place", &DiagramPane::AutoPlace},
-        {{"mnuDiagramZoom"}, "Zoom100", &DiagramPane::NormalZoom},
-        {{"mnuDiagramEdit"}, "Edit", &DiagramPane::Edit},
-        {{"mnuDiagramSearch"}, "Search", &DiagramPane::QuickSearch},
-        {{"mnuDiagramCopyClipboard"}, "Copy", &DiagramPane::Copy},
-        {{"mnuDiagramSaveAs"}, "Save", &DiagramPane::SaveAs},
-        {{"mnuDiagramPrint"}, "Print", &DiagramPane::Print},
+    const auto on = [this](std::initializer_list<const char*> items, const char* button,
+                           void (DiagramPane::*act)()) {
+        commands_.On(items, [this, act] { (this->*act)(); });
+        connect(diagram_, &TDiagram::ButtonClicked, this, [this, button, act](const std::string& key) {
+            if (key == button) (this->*act)();
+        });
     };
-    for (const auto& [items, button, act] : acts) {
-        commands_.On(items, [this, act = act] { (this->*act)(); });
-        connect(diagram_, &TDiagram::ButtonClicked, this,
-                [this, button = button, act = act](const auto& key) {
-                    if (key == button) (this->*act)();
-                });
-    }
+    on({"mnuDiagramAutoPlace", "mnuGeneralAutoPlace"}, "Place", &DiagramPane::AutoPlace);
+    on({"mnuDiagramZoom"}, "Zoom100", &DiagramPane::NormalZoom);
+    on({"mnuDiagramEdit"}, "Edit", &DiagramPane::Edit);
+    on({"mnuDiagramSearch"}, "Search", &DiagramPane::QuickSearch);
+    on({"mnuDiagramCopyClipboard"}, "Copy", &DiagramPane::Copy);
+    on({"mnuDiagramSaveAs"}, "Save", &DiagramPane::SaveAs);
+    on({"mnuDiagramPrint"}, "Print", &DiagramPane::Print);
 }
 
 void DiagramPane::ClickBox(const std::string& key, Qt::MouseButton button) {
@@ -81,10 +97,11 @@ void DiagramPane::PopupGeneral() { commands_.Popup("mnuGeneral", diagram_->Popup
 
 // Escape ends a placement that takes too long.
 void DiagramPane::AutoPlace() {
-    const Busy placing(*diagram_->window());
-    (void)diagram_->Place([] {
+    const Busy placing(*browser_.View().window());
+    const EscapeWatch watch;
+    (void)diagram_->Place([&watch] {
         QApplication::processEvents();
-        return true;
+        return !watch.WasPressed();
     });
 }
 
@@ -112,7 +129,7 @@ void DiagramPane::Print() {
         return Tell(state_, state_.texts->Text(emptyText), host::Icon::Information);
     try {
         PreviewDiagram(state_, *diagram_, state_.texts->Text(previewTitleText));
-    } catch (const Error& error) {
+    } catch (const std::exception& error) {
         Tell(state_, state_.texts->Text(cannotPrintText), host::Icon::Critical, error.what());
     }
 }

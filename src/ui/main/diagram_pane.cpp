@@ -31,6 +31,18 @@ constexpr Button buttons[] = {
 constexpr const char* commandsOnBoxes[] = {"mnuDiagramCopyClipboard", "mnuDiagramPrint", "mnuDiagramSaveAs",
                                            "mnuDiagramAutoPlace", "mnuGeneralAutoPlace"};
 
+// While it lives the diagram is not drawn.
+class Suspended {
+  public:
+    explicit Suspended(TDiagram& diagram) : diagram_(diagram) { diagram_.SuspendDrawing(); }
+    ~Suspended() { diagram_.ResumeDrawing(); }
+    Suspended(const Suspended&) = delete;
+    Suspended& operator=(const Suspended&) = delete;
+
+  private:
+    TDiagram& diagram_;
+};
+
 }  // namespace
 
 DiagramPane::DiagramPane(ComponentState& state, const Commands& commands, BrowserPane& browser)
@@ -41,15 +53,16 @@ DiagramPane::DiagramPane(ComponentState& state, const Commands& commands, Browse
 }
 
 void DiagramPane::Refresh() {
-    diagram_->Clear();
     AddButtons();
     diagram_->SetZoom(100);
-    diagram_->SuspendDrawing();
-    diagram_->LoadFile(DiagramFile());
-    nextBox_ = {};
-    AddBoxes();
-    AddLinks();
-    diagram_->ResumeDrawing();
+    {
+        const Suspended drawing(*diagram_);
+        diagram_->Clear();
+        diagram_->LoadFile(DiagramFile());
+        nextBox_ = {};
+        AddBoxes();
+        AddLinks();
+    }
     diagram_->SetBackground({});
     RefreshCommands(paneIsVisible_);
 }
@@ -83,11 +96,12 @@ void DiagramPane::AddLinks() {
 void DiagramPane::DrawTable(const std::string& name, std::int32_t tabID, const Value& comments) {
     const std::string key = TableKey(tabID);
     nextBox_ += boxDistance;
-    if (diagram_->HasBox(key))
+    if (diagram_->HasBox(key)) {
         diagram_->SetBoxCaption(key, name);
-    else
+    } else {
         diagram_->AddBox(key, name, nextBox_);
-    diagram_->SetBoxColour(key, boxColour);
+        diagram_->SetBoxColour(key, boxColour);
+    }
     diagram_->SetBoxWidth(key, 2.0 * static_cast<double>(text::CharacterCount(name)));
     if (!comments.IsMissing()) diagram_->SetBoxComment(key, FlattenText(NullToText(comments)));
 }

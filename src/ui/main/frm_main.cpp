@@ -42,7 +42,9 @@ frmMain::frmMain(ComponentState& state)
     RestoreGeometry();
 }
 
-frmMain::~frmMain() = default;
+frmMain::~frmMain() {
+    if (logCV_) logCV_->Register(nullptr);  // it was never closed
+}
 
 void frmMain::PlacePanes() {
     auto* area = new QWidget;
@@ -72,6 +74,9 @@ void frmMain::ConnectPanes() {
         return name == "Log";
     });
     connect(&browser_, &BrowserPane::TableSelected, this, &frmMain::ShowTable);
+    connect(&browser_.View(), &ListView::clicked, this, [this] {
+        if (const BrowserRow* table = browser_.Selected()) diagram_.ShowBox(table->key);
+    });
     connect(&errors_, &ErrorsPane::ErrorChosen, this, &frmMain::ShowError);
     connect(properties_, &PropertiesPane::OriginWanted, this, [this](const std::string& tag) {
         if (tag != CVRL()) SetCVRL(tag);
@@ -87,6 +92,7 @@ void frmMain::DrawTable(const std::string& tableName, std::int32_t tabID, const 
                         const Value& comments) {
     browser_.Tables().Draw(tableName, tabID, tag, comments);
     diagram_.DrawTable(tableName, tabID, comments);
+    properties_->NameTable(tabID, tableName);
 }
 
 void frmMain::RemoveTable(const std::string& key) {
@@ -155,7 +161,9 @@ void frmMain::ShowTable() {
 }
 
 void frmMain::ShowRow(std::int32_t tabID, const char* tab, const std::string& rowKey) {
-    browser_.Select(TableKey(tabID));
+    if (!browser_.Select(TableKey(tabID))) return;
+    diagram_.ShowBox(TableKey(tabID));
+    if (std::string_view(tab) == "Keys") diagram_.View().SetCurrentLink(rowKey);
     properties_->ShowOn(tab, browser_.Selected(), rowKey);
 }
 

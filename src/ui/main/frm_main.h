@@ -83,10 +83,13 @@ class frmMain : public QMainWindow, public ToolWindow {
 
     // Loading it.
     void LoadContents();
+    void LoadSchemaIcon();
     void LoadTables();
+    [[nodiscard]] bool IsImportWanted();
     void ImportTables();
 
     // Its commands.
+    void FinishEdit();
     void VerifyAll();
     void DeleteSchema();
     void EditOptions();
@@ -102,6 +105,7 @@ class frmMain : public QMainWindow, public ToolWindow {
     // Closing it.
     void CancelEdit();
     void FinishSchema();
+    void TryToClose(const std::function<void()>& step);
     void ReleasePanes();
     void ReleaseHost();
 

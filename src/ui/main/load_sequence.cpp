@@ -2,8 +2,10 @@
 
 #include "import/import_db_schema.h"
 #include "platform/files/file_service.h"
+#include "schema/action.h"
 #include "ui/main/frm_main.h"
 #include "ui/rules/activity.h"
+#include "ui/rules/messages.h"
 #include "ui/rules/project_options.h"
 #include "verify/db_check.h"
 
@@ -37,7 +39,7 @@ void frmMain::SetCaptions() {
     const text::Texts& texts = *state_.texts;
     host::Frontend& frontend = state_.Frontend();
     const auto shown = [](const std::string& text) { return QString::fromStdString(text); };
-    QApplication::setApplicationDisplayName(shown(state_.Title()));
+    QApplication::setApplicationName(shown(state_.Title()));
     state_.helpFile =
         files::NativePath(frontend.GetCorvaneName(host::name_item::templates)) + "/help/" + texts.Language();
     commands_.Item("mnuHelpWindow").setText(shown(state_.Title() + ' ' + texts.Text(helpOnWindowText)));
@@ -79,7 +81,18 @@ void frmMain::LoadContents() {
     FinishProgress();
 }
 
+// A host without that icon shows none.
+void frmMain::LoadSchemaIcon() {
+    RunIgnoringErrors([this] {
+        host::Frontend& frontend = state_.Frontend();
+        const std::string file = frontend.GetCorvaneName(host::name_item::icons) + "\\Icons\\" +
+                                 frontend.RepositoryOf()->EntityIcon("DBSCHEMA");
+        browser_.Model().UseSchemaIcon(QString::fromStdString(files::NativePath(file)));
+    });
+}
+
 void frmMain::LoadTables() {
+    LoadSchemaIcon();
     RefreshBrowser();
     browser_.SelectFirst();
     browser_.FitColumns();
@@ -91,9 +104,19 @@ void frmMain::LoadTables() {
     if (wasEmpty) diagram_.AutoPlace();
 }
 
+// Options that cannot be read are said and count as not set.
+bool frmMain::IsImportWanted() {
+    try {
+        return ImportAtStart(state_.Frontend());
+    } catch (const Error& error) {
+        Tell(state_, error.what(), host::Icon::Exclamation);
+        return true;
+    }
+}
+
 void frmMain::ImportTables() {
     modImportDBSchema repository(state_);
-    if (!repository.HasRepository() || !ImportAtStart(state_.Frontend())) return;
+    if (!repository.HasRepository() || !IsImportWanted()) return;
     const ImportOutcome outcome = repository.SyncDBSchema();
     Note(state_, importActivity, {}, ResultOf(*state_.texts, outcome));
 }

@@ -2,6 +2,8 @@
 
 #include <QScopedValueRollback>
 
+#include <QApplication>
+
 #include "schema/object_keys.h"
 #include "ui/dialogs/frm_column.h"
 #include "ui/dialogs/frm_create_key.h"
@@ -33,11 +35,7 @@ void PropertiesPane::ConnectKeys() {
         {Qt::CTRL | Qt::Key_C, [this] { list_.Mark(Selected(), ColumnClipboard::Mark::Copied); }},
         {Qt::CTRL | Qt::Key_V, [this] { Paste(); }},
     };
-    // The editor of a label passes on the keys that it has no use for.
-    for (const auto& [key, act] : keys)
-        lvProperties_->OnKey(key, [this, act = act] {
-            if (!lvProperties_->IsEditing()) act();
-        });
+    for (const auto& [key, act] : keys) lvProperties_->OnKey(key, act);
 }
 
 void PropertiesPane::ConnectCommands() {
@@ -46,7 +44,8 @@ void PropertiesPane::ConnectCommands() {
     commands_.On({"mnuPopupRename"}, [this] { Rename(); });
     commands_.On({"mnuPopupProperties"}, [this] { Properties(); });
     lvProperties_->OnRename([this](const QModelIndex& item, const QString& name) {
-        return list_.Rename(static_cast<std::size_t>(item.row()), name.toStdString());
+        return [this, tab = list_.Tab(), row = list_.Rows()[static_cast<std::size_t>(item.row())],
+                name = name.toStdString()] { return list_.Rename(tab, row, name); };
     });
     // Queued, since the list gives up an edit that the first of the clicks began only after this signal.
     connect(lvProperties_, &ListView::doubleClicked, this, &PropertiesPane::Properties, Qt::QueuedConnection);
@@ -82,7 +81,7 @@ void PropertiesPane::NewColumn() {
 
 void PropertiesPane::AddNewKey(std::int32_t tabID, const std::string& name, std::int32_t refTabID) {
     NewKeyDialog rules(state_, name, tabID, refTabID);
-    const std::int32_t keyID = frmCreateKey::InputKey(state_, window(), rules);
+    const std::int32_t keyID = frmCreateKey::InputKey(state_, QApplication::activeWindow(), rules);
     if (keyID != -1) emit TableWanted(tabID, InfoOf(PropertiesTab::Keys).key, ForeignKeyKey(keyID));
 }
 

@@ -88,6 +88,8 @@ void PropertiesPane::ConnectList() {
         FitColumns();
         FollowSelection();
     });
+    connect(&model_, &QAbstractItemModel::rowsInserted, this, &PropertiesPane::WidenColumns);
+    connect(&model_, &QAbstractItemModel::dataChanged, this, &PropertiesPane::WidenColumns);
     const auto* drag = new RowDrag(
         *lvProperties_,
         {.mayDrag = [this] { return list_.Tab() == PropertiesTab::Columns; },
@@ -165,14 +167,28 @@ void PropertiesPane::FollowSelection() {
     if (clicked) emit OriginWanted(std::string(text::Trim(list_.Rows()[*clicked].tag)));
 }
 
-// The pixel that a fraction of it needs counts as a whole one.
 void PropertiesPane::FitColumns() {
+    for (int column = 0; const int width : FittingWidths())
+        lvProperties_->header()->resizeSection(column++, width);
+}
+
+// A column that the user made wider stays so.
+void PropertiesPane::WidenColumns() {
+    QHeaderView& header = *lvProperties_->header();
+    for (int column = 0; const int width : FittingWidths()) {
+        header.resizeSection(column, std::max(width, header.sectionSize(column)));
+        ++column;
+    }
+}
+
+// The pixel that a fraction of it needs counts as a whole one.
+std::vector<int> PropertiesPane::FittingWidths() const {
     const QFontMetricsF metrics(lvProperties_->font());
-    const auto widths = list_.ColumnWidths([&](const std::string& text) {
+    auto widths = list_.ColumnWidths([&](const std::string& text) {
         return twips * static_cast<int>(std::ceil(metrics.horizontalAdvance(QString::fromStdString(text))));
     });
-    for (int column = 0; const int width : widths)
-        lvProperties_->header()->resizeSection(column++, width / twips);
+    for (int& width : widths) width /= twips;
+    return widths;
 }
 
 }  // namespace tessel

@@ -27,6 +27,9 @@ class PropertiesPane : public QWidget {
     // The same on the tab with this key: "Columns", "Indexes", "Keys" or "Referenced By".
     void ShowOn(const char* tab, const BrowserRow* table, const std::string& rowKey);
 
+    // The table has been given this name.
+    void NameTable(std::int32_t tabID, const std::string& name) { list_.NameTable(tabID, name); }
+
     // Lets the user make a foreign key of the table, `refTabID` (-1 for none) being offered as the one that
     // it refers to, and asks for the new key to be shown.
     void AddNewKey(std::int32_t tabID, const std::string& name, std::int32_t refTabID);
@@ -54,6 +57,8 @@ class PropertiesPane : public QWidget {
     void Select(const std::vector<std::string>& keys);
     void FollowSelection();
     void FitColumns();
+    void WidenColumns();
+    [[nodiscard]] std::vector<int> FittingWidths() const;  // pixels
     void EditName(std::size_t row);
 
     void New();

@@ -1,6 +1,9 @@
+#include <QApplication>
 #include <QLayout>
+#include <QLineEdit>
 
 #include "platform/files/file_service.h"
+#include "schema/action.h"
 #include "ui/controls/help_window.h"
 #include "ui/dialogs/about_box.h"
 #include "ui/dialogs/options_dialog.h"
@@ -33,9 +36,23 @@ void frmMain::ConnectCommands() {
     commands_.Item("mnuExecuteItem").setEnabled(false);
 }
 
+// A label that is being edited gets its text before the verification reads it, not in the middle of it.
+void frmMain::FinishEdit() {
+    QWidget* focus = focusWidget();
+    if (!qobject_cast<QLineEdit*>(focus)) return;
+    focus->clearFocus();
+    QApplication::processEvents();
+}
+
 void frmMain::VerifyAll() {
+    FinishEdit();
     DBCheck check(state_);
-    check.VerifySchema(true);
+    try {
+        check.VerifySchema(true);
+    } catch (...) {
+        FinishProgress();
+        throw;
+    }
     Note(state_, verificationActivity, {}, check.TitleFor(check.StoredErrors().size()));
     splitter_->SetPaneVisible("Errors", true);
     splitter_->MakeActive("Errors");
@@ -49,7 +66,7 @@ void frmMain::DeleteSchema() {
     if (answer != host::Answer::Yes) return;
     state_.workspace.reset();
     state_.database.reset();
-    files::DeleteFolder(state_.schemaFolder);
+    RunIgnoringErrors([&] { files::DeleteFolder(state_.schemaFolder); });
     close();
 }
 

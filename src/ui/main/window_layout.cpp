@@ -13,7 +13,6 @@ constexpr const char* layoutKey = "MainSplitter";
 constexpr const char* logKey = "ActivityLog";
 constexpr const char* floating = "floating";  // the log as it was left while not docked
 constexpr std::string_view layoutPrefix = "uBrowserDiagramPropertiesOriginErrorsLog";
-constexpr int originText = 563;
 
 struct PaneDefault {
     const char* name;
@@ -53,13 +52,15 @@ void frmMain::RestoreLayout() {
     if (!stored.starts_with(layoutPrefix) ||
         !splitter_->ImportLayout(QString::fromStdString(stored.substr(layoutPrefix.size()))))
         BuildDefaultLayout();
+    // The layout may have been stored in another language.
+    for (const PaneDefault& pane : paneDefaults)
+        splitter_->SetCaption(pane.name, QString::fromStdString(state_.texts->Text(pane.caption)));
     // The log tells of each change of its state, and the pane then follows it.
     const bool floats = settings_.Get(section, logKey) == floating;
     const bool isShown = floats || splitter_->IsPaneVisible("Log");
     logCV_->SetDocked(!floats);
     logCV_->SetVisible(isShown);
     splitter_->SetRedraw(TSplitter::Redraw::On);
-    splitter_->SetCaption("Origin", QString::fromStdString(state_.texts->Text(originText)));
     DisplayLog();
     splitter_->Rearrange();
 }
@@ -72,10 +73,7 @@ void frmMain::BuildDefaultLayout() {
     splitter_->Split(left, Qt::Vertical, height / 2, "Diagram", "Browser");
     splitter_->Split(right, Qt::Vertical, height / 2, "Origin", "Properties");
     splitter_->Split(bottom, Qt::Vertical, height / 12, "Log", "Errors");
-    for (const auto& [name, caption, isVisible] : paneDefaults) {
-        splitter_->SetCaption(name, QString::fromStdString(state_.texts->Text(caption)));
-        splitter_->SetPaneVisible(name, isVisible);
-    }
+    for (const PaneDefault& pane : paneDefaults) splitter_->SetPaneVisible(pane.name, pane.isVisible);
 }
 
 void frmMain::StoreLayout() {

@@ -14,7 +14,6 @@ constexpr int captionText = 2400;
 constexpr int illegalKeyText = 2404;
 constexpr int notWrittenText = 2405;
 constexpr int propertiesActivity = 2448;
-constexpr std::size_t cascadeRule = 1;
 
 ForeignKeyDialog::List Other(ForeignKeyDialog::List list) {
     return list == ForeignKeyDialog::Referencing ? ForeignKeyDialog::Referenced
@@ -183,7 +182,7 @@ bool ForeignKeyDialog::Write() const {
     WritePairs();
     if (OnDeleteText() != openedWithRule_ || comment_ != openedWithComment_) {
         key.Edit();
-        key.Set("HowDelete", deleteRule_ == cascadeRule ? "C" : "R");
+        key.Set("HowDelete", OnDeleteText() == state_.restrictText ? "R" : "C");
         key.Set("Comment", comment_);
         key.Save();
     }

@@ -160,9 +160,9 @@ void PropertiesList::Drop(const Selection& selection) {
     if (!kept.empty()) Tell(state_, failure(kept), info.dropFailureIcon);
 }
 
-bool PropertiesList::RenameObject(const PropertyRow& row, const std::string& name) const {
+bool PropertiesList::RenameObject(PropertiesTab tab, const PropertyRow& row, const std::string& name) const {
     const auto workspace = WorkspaceOf(state_);
-    switch (tab_) {
+    switch (tab) {
         case PropertiesTab::Columns:
             return workspace->ColumnUpdate(row.identifier, name, Missing{}, Missing{}, Missing{}, Missing{},
                                            Missing{}, Missing{});
@@ -176,17 +176,23 @@ bool PropertiesList::RenameObject(const PropertyRow& row, const std::string& nam
 }
 
 bool PropertiesList::Rename(std::size_t row, const std::string& name) {
-    if (!HasRow(row)) return false;
-    const PropertyRow renamed = rows_[row];
+    return HasRow(row) && Rename(tab_, PropertyRow(rows_[row]), name);
+}
+
+bool PropertiesList::Rename(PropertiesTab tab, const PropertyRow& renamed, const std::string& name) {
     if (renamed.text == name) return true;
-    const PropertiesTabInfo& info = InfoOf(tab_);
+    const PropertiesTabInfo& info = InfoOf(tab);
     const UserChange change{.activity = info.renameActivity,
                             .subject = renamed.text,
                             .complaint = state_.texts->Text(info.renameFailure),
                             .newName = name};
-    if (!DoOrTell(state_, change, [&] { return RenameObject(renamed, name); })) return false;
+    if (!DoOrTell(state_, change, [&] { return RenameObject(tab, renamed, name); })) return false;
     Replace(renamed.key, [&](PropertyRow& shown) { shown.text = name; });
     return true;
+}
+
+void PropertiesList::NameTable(std::int32_t tabID, const std::string& name) {
+    if (table_ && table_->tabID == tabID) table_->name = name;
 }
 
 void PropertiesList::Renew(const ColumnDialog& column) {

@@ -89,6 +89,11 @@ class PropertiesList {
 
     // False, after a message, when the name is refused; an unchanged name is not written.
     [[nodiscard]] bool Rename(std::size_t row, const std::string& name);
+    // The same for a row of this tab that may no longer be shown.
+    [[nodiscard]] bool Rename(PropertiesTab tab, const PropertyRow& row, const std::string& name);
+
+    // The shown table, if it is this one, now bears this name.
+    void NameTable(std::int32_t tabID, const std::string& name);
 
     // The dialog of the row's properties, on its own tab; after it was confirmed, Renew shows what it wrote.
     [[nodiscard]] std::optional<ColumnDialog> OpenColumn(std::size_t row,
@@ -119,7 +124,7 @@ class PropertiesList {
     [[nodiscard]] std::vector<PropertyRow> Chosen(const Selection& selection) const;
     [[nodiscard]] bool IsDropConfirmed(const std::vector<PropertyRow>& rows) const;
     [[nodiscard]] bool DropObject(const PropertyRow& row) const;
-    [[nodiscard]] bool RenameObject(const PropertyRow& row, const std::string& name) const;
+    [[nodiscard]] bool RenameObject(PropertiesTab tab, const PropertyRow& row, const std::string& name) const;
     [[nodiscard]] std::optional<std::int32_t> PasteColumn(std::int32_t columnID) const;
     [[nodiscard]] bool WritePositions(const std::vector<std::int32_t>& columnIDs) const;
 

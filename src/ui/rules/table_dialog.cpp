@@ -3,6 +3,7 @@
 #include "platform/component/convert.h"
 #include "schema/sql_text.h"
 #include "ui/rules/activity.h"
+#include "ui/rules/messages.h"
 
 namespace tessel {
 
@@ -10,6 +11,7 @@ namespace {
 
 constexpr int notAvailableText = 2008;
 constexpr int illegalTableText = 2009;
+constexpr int cannotChangeText = 2013;
 constexpr int propertiesActivity = 2087;
 
 std::string LegacyName(const ComponentState& state, const std::string& repObjId) {
@@ -26,9 +28,7 @@ std::string LegacyName(const ComponentState& state, const std::string& repObjId)
 std::optional<TableDialog> TableDialog::Open(ComponentState& state, std::int32_t tableId) {
     auto row = state.Database().Select("select T.* from Tables T  where TabId = " + std::to_string(tableId));
     if (!row.Next()) {
-        state.questions->Show({.text = state.texts->Text(illegalTableText),
-                               .title = state.Title(),
-                               .icon = host::Icon::Critical});
+        Tell(state, state.texts->Text(illegalTableText), host::Icon::Critical);
         return std::nullopt;
     }
     TableDialog dialog(state, tableId);
@@ -44,6 +44,7 @@ void TableDialog::Write() {
     const bool written =
         WorkspaceOf(*state_)->TableUpdate(tableId_, Missing{}, storageOption, comment, Missing{});
     Note(*state_, propertiesActivity, {tableName}, written ? Outcome::Done : Outcome::Refused);
+    if (!written) Tell(*state_, state_->texts->Format(cannotChangeText, {tableName}), host::Icon::Critical);
 }
 
 }  // namespace tessel

@@ -22,7 +22,7 @@ class TableDialog {
     std::string storageOption;
     std::string comment;
 
-    // Stores the storage option and the comment as they now stand.
+    // Stores the storage option and the comment as they now stand. The user is told when they cannot be.
     void Write();
 
   private:

@@ -136,6 +136,17 @@ TEST_F(PropertiesPaneTest, ANewColumnIsNamedInPlace) {
     EXPECT_EQ(List().currentIndex().row(), 2);
 }
 
+TEST_F(PropertiesPaneTest, ATypedNameIsKeptWhenAnotherTableIsChosen) {
+    Click(2);
+    Press(List(), Qt::Key_F2);
+    Until([&] { return Editor() != nullptr; });
+    Editor()->setText("PlacedOnTheFirstDay");
+    QTest::mouseClick(Browser(*window).viewport(), Qt::LeftButton, {},
+                      Browser(*window).visualRect(Browser(*window).model()->index(0, 0)).center());
+    Until([&] { return Stored(orders) == Lines{"1No", "2Customer", "3PlacedOnTheFirstDay"}; });
+    EXPECT_EQ(Rows(), (Lines{"No|INTEGER|"})) << "the columns of the other table";
+}
+
 TEST_F(PropertiesPaneTest, ColumnsAreCutCopiedPastedAndDropped) {
     Press(List(), Qt::Key_A, Qt::ControlModifier);
     Press(List(), Qt::Key_C, Qt::ControlModifier);
