@@ -41,12 +41,6 @@ double Seconds(Action&& action) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
 
-double PeakMegabytes() {
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return static_cast<double>(usage.ru_maxrss) / 1024;
-}
-
 struct Figures {
     double verification = std::numeric_limits<double>::infinity();  // seconds, the best of all rounds
     double bound = std::numeric_limits<double>::infinity();
@@ -58,7 +52,7 @@ void RunRound(ComponentState& state, Figures& figures) {
     RemoveVerifiedMark(state.Database());
     figures.verification =
         std::min(figures.verification, Seconds([&] { DBCheck(state).VerifySchema(true); }));
-    if (figures.peak == 0) figures.peak = PeakMegabytes();
+    if (figures.peak == 0) figures.peak = bench::PeakMegabytes();
     int counted = 0;
     figures.bound =
         std::min(figures.bound, Seconds([&] { counted = bench::CountFindings(state.Database().Path()); }));

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/dialogs/dialog.h"
+
 namespace tessel {
 
 namespace {
@@ -43,11 +45,6 @@ auto Look(const Table& table, Key key) {
     return std::ranges::find(table, key, [](const auto& entry) { return entry.first; })->second;
 }
 
-// The texts break their lines as they do everywhere in the component, with carriage returns.
-QString Shown(const std::string& text) {
-    return QString::fromStdString(text).replace("\r\n", "\n").replace('\r', '\n');
-}
-
 void ShowAsPlainText(QWidget& box) {
     for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
 }
@@ -57,9 +54,9 @@ void ShowAsPlainText(QWidget& box) {
 host::Answer QtQuestions::Show(const host::MessageBox& box) {
     QMessageBox shown(QApplication::activeWindow());
     shown.setObjectName("messageBox");
-    shown.setWindowTitle(Shown(box.title));
-    shown.setText(Shown(box.text));
-    shown.setInformativeText(Shown(box.detail));
+    shown.setWindowTitle(Caption(box.title));
+    shown.setText(Caption(box.text));
+    shown.setInformativeText(Caption(box.detail));
     shown.setIcon(Look(icons, box.icon));
     shown.setStandardButtons(QMessageBox::StandardButtons(Look(buttonSets, box.buttons)));
     ShowAsPlainText(shown);
@@ -69,9 +66,9 @@ host::Answer QtQuestions::Show(const host::MessageBox& box) {
 std::optional<std::string> QtQuestions::Ask(const host::InputBox& box) {
     QInputDialog dialog(QApplication::activeWindow());
     dialog.setObjectName("inputDialog");
-    dialog.setWindowTitle(Shown(box.title));
-    dialog.setLabelText(Shown(box.prompt));
-    dialog.setTextValue(Shown(box.text));
+    dialog.setWindowTitle(Caption(box.title));
+    dialog.setLabelText(Caption(box.prompt));
+    dialog.setTextValue(Caption(box.text));
     dialog.findChild<QLineEdit*>()->setObjectName("txtInput");
     dialog.resize(inputWidth, dialog.sizeHint().height());
     ShowAsPlainText(dialog);

@@ -10,6 +10,7 @@
 #include "ui/main/frm_main.h"
 #include "ui/rules/activity.h"
 #include "ui/rules/help_contexts.h"
+#include "ui/rules/messages.h"
 #include "ui/rules/project_options.h"
 #include "verify/db_check.h"
 
@@ -74,7 +75,7 @@ void frmMain::EditOptions() {
     try {
         (void)EditProjectOptions(state_, this, optionCase, optionsSize);
     } catch (const Error& error) {
-        state_.questions->Show({.text = error.what(), .title = state_.Title(), .icon = host::Icon::Critical});
+        Tell(state_, error.what(), host::Icon::Critical);
     }
 }
 

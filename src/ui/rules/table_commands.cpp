@@ -2,6 +2,7 @@
 
 #include "ui/rules/activity.h"
 #include "ui/rules/help_contexts.h"
+#include "ui/rules/messages.h"
 
 namespace tessel {
 
@@ -42,10 +43,7 @@ void TableCommands::AskAndRename(std::int32_t tabID, const std::string& name) {
 bool TableCommands::Rename(std::int32_t tabID, const std::string& name, const std::string& newName) {
     const bool renamed = WorkspaceOf(state_)->TableUpdate(tabID, newName, Missing{}, Missing{}, Missing{});
     Note(state_, renameTableActivity, {name, newName}, renamed ? Outcome::Done : Outcome::Refused);
-    if (!renamed)
-        state_.questions->Show({.text = state_.texts->Text(illegalNameText),
-                                .title = state_.Title(),
-                                .icon = host::Icon::Critical});
+    if (!renamed) Tell(state_, state_.texts->Text(illegalNameText), host::Icon::Critical);
     return renamed;
 }
 
