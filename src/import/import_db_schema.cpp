@@ -2,11 +2,11 @@
 
 #include <unordered_set>
 
-#include "platform/component/convert.h"
 #include "platform/files/file_service.h"
 #include "schema/action.h"
 #include "schema/object_date.h"
 #include "schema/sql_text.h"
+#include "tessel/convert.h"
 
 namespace tessel {
 

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "platform/component/convert.h"
 #include "platform/text/utf8.h"
 #include "schema/object_date.h"
+#include "tessel/convert.h"
 
 namespace tessel {
 

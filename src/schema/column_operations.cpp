@@ -1,10 +1,10 @@
 #include <optional>
 
-#include "platform/component/convert.h"
 #include "schema/action.h"
 #include "schema/identifiers.h"
 #include "schema/project_settings.h"
 #include "schema/workspace.h"
+#include "tessel/convert.h"
 
 namespace tessel {
 

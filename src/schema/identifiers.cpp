@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/component/convert.h"
 #include "platform/text/utf8.h"
+#include "tessel/convert.h"
 
 namespace tessel {
 

@@ -1,9 +1,9 @@
-#include "platform/component/convert.h"
 #include "schema/action.h"
 #include "schema/identifiers.h"
 #include "schema/object_keys.h"
 #include "schema/project_settings.h"
 #include "schema/workspace.h"
+#include "tessel/convert.h"
 
 namespace tessel {
 

@@ -1,6 +1,6 @@
 #include "schema/object_date.h"
 
-#include "platform/component/convert.h"
+#include "tessel/convert.h"
 
 namespace tessel {
 

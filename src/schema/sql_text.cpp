@@ -1,7 +1,7 @@
 #include "schema/sql_text.h"
 
-#include "platform/component/convert.h"
 #include "platform/text/utf8.h"
+#include "tessel/convert.h"
 
 namespace tessel {
 

@@ -1,4 +1,3 @@
-#include "platform/component/convert.h"
 #include "platform/text/utf8.h"
 #include "schema/action.h"
 #include "schema/identifiers.h"
@@ -6,6 +5,7 @@
 #include "schema/project_settings.h"
 #include "schema/sql_text.h"
 #include "schema/workspace.h"
+#include "tessel/convert.h"
 
 namespace tessel {
 

@@ -1,9 +1,9 @@
 #include "schema/workspace.h"
 
-#include "platform/component/convert.h"
 #include "schema/database_object.h"
 #include "schema/identifiers.h"
 #include "schema/project_settings.h"
+#include "tessel/convert.h"
 
 namespace tessel {
 

@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "host/generator.h"
-#include "platform/component/convert.h"
+#include "tessel/convert.h"
 #include "tessel/error.h"
 
 namespace tessel::test {

@@ -5,11 +5,11 @@
 #include <cstdlib>
 
 #include "engine/queued_questions.h"
-#include "platform/component/convert.h"
 #include "platform/files/file_service.h"
 #include "schema/component_state.h"
 #include "support/fake_host.h"
 #include "support/temporary_folder.h"
+#include "tessel/convert.h"
 
 namespace tessel::test {
 

@@ -1,4 +1,4 @@
-#include "platform/component/convert.h"
+#include "tessel/convert.h"
 
 #include <fmt/format.h>
 

@@ -8,8 +8,8 @@
 #include <unordered_map>
 #include <utility>
 
-#include "platform/component/convert.h"
 #include "platform/text/utf8.h"
+#include "tessel/convert.h"
 #include "tessel/error.h"
 #include "tessel/object.h"
 

@@ -2,10 +2,10 @@
 
 #include <charconv>
 
-#include "platform/component/convert.h"
 #include "platform/db/error.h"
 #include "platform/db/statement.h"
 #include "platform/text/utf8.h"
+#include "tessel/convert.h"
 
 namespace tessel::db {
 namespace {

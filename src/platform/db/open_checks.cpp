@@ -8,9 +8,9 @@
 #include <filesystem>
 #include <string_view>
 
-#include "platform/component/convert.h"
 #include "platform/db/engine_error.h"
 #include "platform/db/statement.h"
+#include "tessel/convert.h"
 
 namespace tessel::db {
 namespace {

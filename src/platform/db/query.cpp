@@ -1,8 +1,8 @@
 #include "platform/db/query.h"
 
-#include "platform/component/convert.h"
 #include "platform/db/error.h"
 #include "platform/text/utf8.h"
+#include "tessel/convert.h"
 
 namespace tessel::db {
 

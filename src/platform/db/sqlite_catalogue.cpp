@@ -7,12 +7,12 @@
 #include <iterator>
 #include <unordered_map>
 
-#include "platform/component/convert.h"
 #include "platform/db/constraint_names.h"
 #include "platform/db/engine.h"
 #include "platform/db/engine_error.h"
 #include "platform/db/open_checks.h"
 #include "platform/text/utf8.h"
+#include "tessel/convert.h"
 
 namespace tessel::db {
 namespace {

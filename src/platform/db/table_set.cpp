@@ -3,9 +3,9 @@
 #include <type_traits>
 #include <variant>
 
-#include "platform/component/convert.h"
 #include "platform/db/table_set_state.h"
 #include "platform/text/utf8.h"
+#include "tessel/convert.h"
 
 namespace tessel::db {
 namespace {

@@ -1,7 +1,7 @@
 #include "ui/rules/column_defaults.h"
 
-#include "platform/component/convert.h"
 #include "schema/project_settings.h"
+#include "tessel/convert.h"
 
 namespace tessel {
 

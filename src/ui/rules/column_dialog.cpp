@@ -4,9 +4,9 @@
 #include <charconv>
 #include <limits>
 
-#include "platform/component/convert.h"
 #include "schema/identifiers.h"
 #include "schema/sql_text.h"
+#include "tessel/convert.h"
 #include "ui/rules/column_defaults.h"
 #include "ui/rules/column_row.h"
 #include "ui/rules/default_value.h"

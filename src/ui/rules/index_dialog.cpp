@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/component/convert.h"
 #include "schema/project_settings.h"
+#include "tessel/convert.h"
 #include "ui/rules/icon_keys.h"
 #include "ui/rules/messages.h"
 

@@ -1,6 +1,6 @@
 #include "ui/rules/new_key_dialog.h"
 
-#include "platform/component/convert.h"
+#include "tessel/convert.h"
 #include "ui/rules/messages.h"
 
 namespace tessel {

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "platform/component/convert.h"
 #include "platform/text/utf8.h"
 #include "schema/action.h"
 #include "schema/sql_text.h"
+#include "tessel/convert.h"
 #include "ui/rules/column_defaults.h"
 #include "ui/rules/help_contexts.h"
 #include "ui/rules/icon_keys.h"

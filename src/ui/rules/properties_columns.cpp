@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/component/convert.h"
 #include "schema/project_settings.h"
+#include "tessel/convert.h"
 #include "ui/rules/messages.h"
 #include "ui/rules/properties_list.h"
 

@@ -1,7 +1,7 @@
 #include "ui/rules/table_dialog.h"
 
-#include "platform/component/convert.h"
 #include "schema/sql_text.h"
+#include "tessel/convert.h"
 #include "ui/rules/activity.h"
 #include "ui/rules/messages.h"
 

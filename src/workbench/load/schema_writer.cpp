@@ -2,8 +2,8 @@
 
 #include <unordered_map>
 
-#include "platform/component/convert.h"
 #include "platform/text/utf8.h"
+#include "tessel/convert.h"
 
 namespace tessel::workbench {
 namespace {

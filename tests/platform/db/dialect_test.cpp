@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/component/convert.h"
 #include "platform/db/temporary_database.h"
+#include "tessel/convert.h"
 
 namespace tessel::db {
 namespace {
