@@ -9,6 +9,7 @@ ninja-build runs the build
 ccache makes the second build quick
 libsqlite3-dev keeps a schema in a database file
 sqlite3 makes the template database
+libpq-dev reads the catalogue of a PostgreSQL database
 libpugixml-dev reads and writes XML
 libfmt-dev forms texts and numbers
 nlohmann-json3-dev reads and writes JSON lines
@@ -21,6 +22,9 @@ libgtest-dev runs the tests
 testPackages='
 clang-format checks the form of the code
 chromium opens the report as its readers do
+postgresql runs the SQL scripts and is read as a repository
+python3 runs the example of an add-on in Python
+pkg-config finds the installed headers as an author of add-ons does
 '
 windowPackages='
 fonts-noto-cjk shows Japanese and Korean

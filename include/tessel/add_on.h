@@ -14,10 +14,21 @@ namespace tessel {
 // which is kept when Run returns and which the user may drop when Run throws.
 class AddOn : public Object {
   public:
-    // Does the tool's work. `frontend` is the host, asked by name: ProjectObject, Repository, Language ("en",
-    // "ja" or "ko"), ErrorsFile and GetCorvaneName(number). `workspace` has the schema; its ToolWindow asks
-    // the user. `parameter` is the text that the menu entry or the command line gives. The result goes to the
-    // output of `tessel addon run`; Null says nothing there. An exception's what() is shown to the user.
+    // Does the tool's work.
+    //
+    // `frontend` is the host, asked by name: ProjectObject, Repository, Language ("en", "ja" or "ko"),
+    // ErrorsFile (the path where complaints may be left) and GetCorvaneName(number), where 4 is the
+    // workspace's folder, 6 its name, 7 the project's name and 13 the folder of what came with the program.
+    //
+    // `workspace` has the schema and may be called from any thread. Its objects are asked by name. ProjectDB:
+    // Select(sql), the rows under "1", "2", ..., each a collection of its fields by name; Execute(sql), how
+    // many rows it touched; Name. ToolWindow asks the user: Message(text, icon, buttons), Input(prompt, text)
+    // and Form(form).
+    //
+    // `parameter` is the text that the menu entry or the command line gives.
+    //
+    // The result goes to the output of `tessel addon run`; Null says nothing there. It may be anything but an
+    // object of the tool's own. An exception ends the tool as failed, and its what() is shown to the user.
     virtual Value Run(const std::shared_ptr<Object>& frontend, const std::shared_ptr<VNTWS>& workspace,
                       const std::string& parameter) = 0;
 

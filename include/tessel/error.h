@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -34,6 +35,8 @@ enum class ErrorKind {
 };
 
 [[nodiscard]] std::string_view KindName(ErrorKind kind);
+// The kind that has this name; nothing when none has.
+[[nodiscard]] std::optional<ErrorKind> KindNamed(std::string_view name);
 
 // The one type that is thrown. what() is one English sentence that says what went wrong and where.
 class Error : public std::runtime_error {

@@ -4,22 +4,20 @@
 #include <cstdio>
 #include <iostream>
 
+#include "cli/add_on_command.h"
 #include "cli/headless_session.h"
 #include "cli/import_command.h"
+#include "cli/open_command.h"
+#include "cli/register_command.h"
 #include "cli/report_command.h"
 #include "cli/repository_command.h"
-#include "cli/serve_calls.h"
 #include "cli/verify_command.h"
+#include "runner/serve_calls.h"
 #include "ui/main/open_window.h"
 
 namespace {
 
 constexpr const char* defaultProject = "Main";
-
-int OpenCommand(const tessel::SessionOptions& options, const tessel::OpenOptions& window) {
-    const auto session = tessel::OpenSession(options);
-    return tessel::RunWindow(session->state, session->frontend, window);
-}
 
 int NewCommand(const std::string& folder, const std::string& project) {
     tessel::MakeWorkspace(folder, project);
@@ -30,7 +28,7 @@ int NewCommand(const std::string& folder, const std::string& project) {
 int CallCommand(const tessel::SessionOptions& options) {
     const auto headless = tessel::OpenHeadless(options);
     std::ios::sync_with_stdio(false);
-    tessel::ServeCalls(*WorkspaceOf(headless.State()), *headless.questions, std::cin, std::cout);
+    tessel::ServeCalls({headless.State(), *headless.questions}, std::cin, std::cout);
     return 0;
 }
 
@@ -54,6 +52,8 @@ class Program {
         AddImport();
         AddReport();
         AddRepository();
+        AddRegister();
+        AddAddOn();
     }
 
     // The exit code.
@@ -74,10 +74,11 @@ class Program {
   private:
     void AddOpen() {
         auto* open = app_.add_subcommand("open", "Open the editor's window (the default)");
+        open->add_option("path", path_, "The workspace's folder, or a file in it");
         open->add_option("--picture", window_.picture,
                          "Write a picture (PNG) of the window to this file and close");
         app_.final_callback([this, open] {
-            if (app_.get_subcommands().empty() || *open) exitCode_ = OpenCommand(session_, window_);
+            if (app_.get_subcommands().empty() || *open) exitCode_ = tessel::OpenCommand(session_, path_, window_);
         });
     }
 
@@ -115,17 +116,56 @@ class Program {
         auto* repository = app_.add_subcommand("repository", "Work on the workspace's repository");
         repository->require_subcommand(1);
         auto* load = repository->add_subcommand("load", "Fill the repository from a real database");
-        load->add_option("source", source_, "The database: sqlite:PATH")->required();
+        load->add_option("source", source_,
+                         "The database: sqlite:PATH, or postgresql:CONNECTION as\nhost=SERVER dbname=NAME "
+                         "[schema=NAME] or as //USER@SERVER/NAME")
+            ->required();
         load->final_callback([this] { exitCode_ = tessel::RepositoryLoadCommand(session_, source_); });
+    }
+
+    void AddRegister() {
+        auto* enter = app_.add_subcommand("register", "Enter the add-on classes of a library or a program");
+        enter->add_option("file", file_, "A shared library, or with PROGID an executable")->required();
+        enter->add_option("progid", progID_, "The identifier of the executable's class");
+        auto* remove = app_.add_subcommand("unregister", "Take add-on classes out again");
+        remove->add_option("file-or-progid", file_, "The file, or the identifier of one class")->required();
+        for (auto* command : {enter, remove})
+            command->add_flag("--system", isSystemWide_,
+                              "In the installation's registry and not in your own");
+        enter->final_callback([this] { exitCode_ = tessel::RegisterCommand(file_, progID_, Registry()); });
+        remove->final_callback([this] { exitCode_ = tessel::UnregisterCommand(file_, Registry()); });
+    }
+
+    void AddAddOn() {
+        auto* addOn = app_.add_subcommand("addon", "Work with add-on tools");
+        addOn->require_subcommand(1);
+        auto* list = addOn->add_subcommand("list", "List the classes that are registered");
+        list->final_callback([this] { exitCode_ = tessel::AddOnListCommand(); });
+        auto* run = addOn->add_subcommand("run", "Run a tool on the project");
+        run->add_option("progid", run_.progID, "The identifier of its class")->required();
+        run->add_option("param", run_.param, "The parameter text that it gets");
+        run->add_flag("--verify", run_.verify, "Run it only when the schema has no errors");
+        run->add_flag("--keep", run_.keep, "Keep what it changed also when it fails");
+        run->add_option("--answers", run_.answers, "JSON array of answers to its questions");
+        run->final_callback([this] { exitCode_ = tessel::AddOnRunCommand(session_, run_); });
+    }
+
+    [[nodiscard]] tessel::Registry Registry() const {
+        return isSystemWide_ ? tessel::Registry::Installation : tessel::Registry::User;
     }
 
     CLI::App app_;
     tessel::SessionOptions session_;
     tessel::OpenOptions window_;
+    std::optional<std::string> path_;
     std::string folder_;
     bool json_ = false;
     std::optional<std::string> out_;
     std::string source_;
+    std::string file_;
+    std::optional<std::string> progID_;
+    bool isSystemWide_ = false;
+    tessel::AddOnRunOptions run_;
     int exitCode_ = 0;
 };
 

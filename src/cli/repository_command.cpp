@@ -33,7 +33,7 @@ SessionOptions WithAnyProject(SessionOptions options, const workbench::Workspace
 }  // namespace
 
 int RepositoryLoadCommand(const SessionOptions& options, const std::string& source) {
-    const auto folder = workbench::WorkspaceFolder::Open(options.workspace);
+    const auto folder = workbench::WorkspaceFolder::Open(options.workspace.value_or("."));
     const auto session = OpenSession(WithAnyProject(options, folder));
     session->state.frontend = session->frontend;
     const auto read = workbench::ReadSource(source, folder.Path());

@@ -10,7 +10,7 @@ namespace tessel {
 
 // Which project is meant, and in which language the program speaks.
 struct SessionOptions {
-    std::string workspace = ".";
+    std::optional<std::string> workspace;  // else the current folder
     std::optional<std::string> project;
     std::optional<std::string> language;  // "en", "ja" or "ko"; else the locale's
 };
@@ -21,6 +21,11 @@ struct Session {
     std::shared_ptr<host::Frontend> frontend;
     ComponentState state;
 };
+
+// A folder of the installation, found from where the program is: "share" or "libexec".
+[[nodiscard]] std::string InstalledFolder(const char* kind);
+
+[[nodiscard]] std::shared_ptr<const text::Texts> TextsFor(const SessionOptions& options);
 
 // Throws when there is no such workspace or project.
 [[nodiscard]] std::unique_ptr<Session> OpenSession(const SessionOptions& options);

@@ -7,7 +7,7 @@
 #include <cstdlib>
 
 #include "cli/headless_session.h"
-#include "cli/json_values.h"
+#include "lines/json_values.h"
 #include "verify/db_check.h"
 
 namespace tessel {

@@ -22,6 +22,10 @@ bool Offers(Buttons buttons, Answer answer) {
     return false;
 }
 
+bool HasValue(const host::FormField& field) {
+    return field.kind != host::FormField::Kind::Note && field.kind != host::FormField::Kind::List;
+}
+
 [[noreturn]] void Refuse(const std::string& question) {
     throw Error(ErrorKind::Answer, "The answer given does not fit the question \"" + question + "\".");
 }
@@ -56,6 +60,22 @@ std::optional<std::string> QueuedQuestions::Ask(const host::InputBox& box) {
     if (!typed && given != QueuedAnswer(Answer::Cancel)) Refuse(box.prompt);
     asked_.push_back({box.prompt, host::Icon::None, Buttons::OKCancel, {}, given});
     return typed ? std::optional(typed->text) : std::nullopt;
+}
+
+std::shared_ptr<Collection> QueuedQuestions::Fill(const host::Form& form) {
+    QueuedAnswer given = NextAnswer(Answer::Cancel);
+    if (given == QueuedAnswer(Answer::OK)) given = FilledForm{std::make_shared<Collection>()};
+    const auto* filled = std::get_if<FilledForm>(&given);
+    if (!filled && given != QueuedAnswer(Answer::Cancel)) Refuse(form.title);
+    asked_.push_back({form.title, host::Icon::None, Buttons::OKCancel, {}, given});
+    if (!filled) return nullptr;
+    auto values = std::make_shared<Collection>();
+    for (const auto& field : form.fields) {
+        if (!HasValue(field)) continue;
+        const Value* value = filled->values->Find(field.key);
+        values->Add(value ? *value : field.value, field.key);
+    }
+    return values;
 }
 
 }  // namespace tessel

@@ -92,6 +92,9 @@ class Frontend : public Object {
     [[nodiscard]] virtual const xml::Document& GlobalOptions() = 0;
     [[nodiscard]] virtual std::shared_ptr<Options> ProjectOptions() = 0;
 
+    // Tells where an add-on that is run may leave its list of complaints; a file that is there goes.
+    virtual void UseErrorsFile(const std::string& path) = 0;
+
     // The activity log, the same one at every call.
     [[nodiscard]] virtual std::shared_ptr<ActivityLog> Log() = 0;
 

@@ -24,6 +24,7 @@ struct ComponentState {
     std::shared_ptr<const text::CodePage> codePage;
     std::shared_ptr<host::Questions> questions;
     std::string helpFile;
+    std::string programFolder;  // where the installation has its add-ons and the program that runs them
     std::function<std::shared_ptr<ToolWindow>(ComponentState&)> loadMainWindow;
     std::function<void(ComponentState&)> verifySchema;  // with the errors list shown afterwards
 

@@ -19,6 +19,8 @@ struct ErrorRow {
     std::string tag;   // tblID, columnID and keyID in decimal, parted by carriage returns
 };
 
+struct ComponentState;
+
 // The main window as the workspace and its callers see it. Keys are a letter and a decimal identifier: "t12"
 // is a table, "k3" a foreign key.
 class ToolWindow : public Object {
@@ -49,11 +51,27 @@ class ToolWindow : public Object {
     // Shows the tables as the database now holds them.
     virtual void RefreshBrowser() = 0;
 
+    // Selects the table in the browser; nothing when it is not there.
+    virtual void SelectTable(const std::string& key) = 0;
+
+    // Ask the user, on behalf of an add-on. Words that are none of those named throw ErrorKind::Argument.
+    //   icon     "none", "critical", "exclamation", "warning", "information" (the one that is not passed)
+    //   buttons  "OK" (not passed), "OKCancel", "YesNo"; the answer is "OK", "Cancel", "Yes" or "No"
+    [[nodiscard]] std::string Message(const std::string& text, const Value& icon, const Value& buttons);
+    // The typed text, or Null when the user cancelled. `text` is what the field holds at first.
+    [[nodiscard]] Value Input(const std::string& prompt, const Value& text);
+    // A dialog of the caller's own, as ReadForm takes it: the values by the fields' keys, or Null when the
+    // user cancelled.
+    [[nodiscard]] Value Form(const Collection& form);
+
     // The reference text of the origin viewer.
     [[nodiscard]] virtual std::string CVRL() const = 0;
     virtual void SetCVRL(const std::string& value) = 0;
 
     Value Call(std::string_view member, CallKind kind, Arguments& arguments) override;
+
+  protected:
+    [[nodiscard]] virtual const ComponentState& State() const = 0;
 };
 
 }  // namespace tessel

@@ -70,6 +70,10 @@ Value ToolWindow::Call(std::string_view member, CallKind kind, Arguments& argume
         Method<&ToolWindow::FinishStep>("FinishStep"),
         Method<&ToolWindow::FinishProgress>("FinishProgress"),
         Method<&ToolWindow::RefreshBrowser>("RefreshBrowser"),
+        Method<&ToolWindow::SelectTable>("SelectTable"),
+        Method<&ToolWindow::Message>("Message"),
+        Method<&ToolWindow::Input>("Input"),
+        Method<&ToolWindow::Form>("Form"),
         Getter<&ToolWindow::CVRL>("CVRL"),
         Setter<&ToolWindow::SetCVRL>("CVRL"),
     };

@@ -1,7 +1,7 @@
 #include "workbench/repository_file.h"
 
+#include "platform/files/file_lock.h"
 #include "platform/files/file_service.h"
-#include "workbench/file_lock.h"
 
 namespace tessel::workbench {
 
@@ -18,7 +18,7 @@ const RepositoryContents& RepositoryFile::PresentContents() {
 }
 
 void RepositoryFile::Change(const std::function<void(RepositoryContents&)>& change) {
-    const FileLock lock(files::SplitPath(path_).folder + "/.workspace.lock");
+    const files::FileLock lock(files::SplitPath(path_).folder + "/.workspace.lock");
     (void)PresentContents();
     try {
         change(*contents_);

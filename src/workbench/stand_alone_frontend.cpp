@@ -1,6 +1,9 @@
 #include "workbench/stand_alone_frontend.h"
 
+#include <functional>
+
 #include "platform/component/member_table.h"
+#include "platform/files/file_service.h"
 #include "tessel/error.h"
 #include "workbench/source_text.h"
 #include "workbench/stored_log.h"
@@ -11,10 +14,9 @@ namespace {
 constexpr int editorOpened = 2130;
 constexpr int editorClosed = 2131;
 
-xml::Document NoOptions() {
-    xml::Document options;
-    options.AppendRoot("OPTIONS");
-    return options;
+// The installation's tree, for a workspace that has none of its own.
+std::function<xml::Document()> InstalledOptions(const std::string& share, const char* file) {
+    return [path = share + "/options/" + file] { return xml::Document::Load(path); };
 }
 
 }  // namespace
@@ -27,10 +29,9 @@ StandAloneFrontend::StandAloneFrontend(WorkspaceFolder folder, std::string proje
       language_(std::move(language)),
       repository_(std::make_shared<StoredRepository>(folder_.File())),
       workspaceOptions_(folder_.Path() + "/Options/workspace.xml"),
-      globalOptions_(folder_.Path() + "/Options/global.xml", NoOptions),
-      projectOptions_(std::make_shared<OptionFile>(
-          folder_.Path() + "/Options/project.xml",
-          [path = share_ + "/options/project.xml"] { return xml::Document::Load(path); })) {}
+      globalOptions_(folder_.Path() + "/Options/global.xml", InstalledOptions(share_, "global.xml")),
+      projectOptions_(std::make_shared<OptionFile>(folder_.Path() + "/Options/project.xml",
+                                                   InstalledOptions(share_, "project.xml"))) {}
 
 std::shared_ptr<host::RepositoryObject> StandAloneFrontend::ProjectObject() {
     return repository_->FindObject(projectType, project_);
@@ -57,6 +58,11 @@ std::string StandAloneFrontend::GetCorvaneName(int item) {
 std::shared_ptr<host::ActivityLog> StandAloneFrontend::Log() {
     if (!log_) log_ = std::make_shared<StoredLog>(folder_.Path() + "/Projects/" + project_ + "/activity.log");
     return log_;
+}
+
+void StandAloneFrontend::UseErrorsFile(const std::string& path) {
+    errorsFile_ = files::NativePath(path);
+    files::RemoveFile(errorsFile_);
 }
 
 void StandAloneFrontend::WriteToLog(int text) {
@@ -89,6 +95,8 @@ Value StandAloneFrontend::Call(std::string_view member, CallKind kind, Arguments
         Getter<&StandAloneFrontend::ProjectObject>("ProjectObject"),
         Getter<&StandAloneFrontend::RepositoryOf>("Repository"),
         Getter<&StandAloneFrontend::Window>("Window"),
+        Getter<&StandAloneFrontend::ErrorsFile>("ErrorsFile"),
+        Getter<&StandAloneFrontend::Language>("Language"),
         Method<&StandAloneFrontend::GetCorvaneName>("GetCorvaneName"),
         Method<&StandAloneFrontend::Initiate>("Initiate"),
         Method<&StandAloneFrontend::Terminate>("Terminate"),

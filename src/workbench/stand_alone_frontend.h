@@ -26,11 +26,15 @@ class StandAloneFrontend : public host::Frontend {
     [[nodiscard]] std::string GetCorvaneName(int item) override;
 
     // Options/workspace.xml and global.xml as they are now, good until the next call. The first must be
-    // there, the second counts as empty when it is not.
+    // there; while the second is not, the installation's tree stands for it.
     [[nodiscard]] const xml::Document& WorkspaceOptions() override { return workspaceOptions_.Document(); }
     [[nodiscard]] const xml::Document& GlobalOptions() override { return globalOptions_.Document(); }
     // Options/project.xml, or the installation's tree while that is not there.
     [[nodiscard]] std::shared_ptr<host::Options> ProjectOptions() override { return projectOptions_; }
+
+    void UseErrorsFile(const std::string& path) override;
+    [[nodiscard]] std::string ErrorsFile() const { return errorsFile_; }  // empty before the first
+    [[nodiscard]] std::string Language() const { return language_; }
 
     // A StoredLog in the project's folder.
     [[nodiscard]] std::shared_ptr<host::ActivityLog> Log() override;
@@ -48,7 +52,7 @@ class StandAloneFrontend : public host::Frontend {
     [[nodiscard]] std::shared_ptr<host::OriginSource> LoadSource(
         const std::string& path, const host::RepositoryObject& object) override;
 
-    // ProjectObject, Repository, Window, GetCorvaneName, Initiate and Terminate.
+    // ProjectObject, Repository, Window, ErrorsFile, Language, GetCorvaneName, Initiate and Terminate.
     Value Call(std::string_view member, CallKind kind, Arguments& arguments) override;
 
   private:
@@ -64,6 +68,7 @@ class StandAloneFrontend : public host::Frontend {
     std::shared_ptr<OptionFile> projectOptions_;
     std::shared_ptr<host::ActivityLog> log_;  // made when it is first asked for
     std::weak_ptr<Object> window_;
+    std::string errorsFile_;
 };
 
 }  // namespace tessel::workbench

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <optional>
@@ -45,6 +46,13 @@ std::size_t LastLines(std::string_view content, std::size_t count) {
     return begin;
 }
 
+// A crash may have left the last line without its end.
+bool IsInALine(int file) {
+    const auto size = lseek(file, 0, SEEK_END);
+    char last = '\n';
+    return size > 0 && pread(file, &last, 1, size - 1) == 1 && last != '\n';
+}
+
 // Keeps whole lines of the last half of what a log may hold.
 void Cut(const std::string& path) {
     const std::string content = files::ReadFile(path);
@@ -85,8 +93,11 @@ void StoredLog::Write(const std::string& action, const std::string& result) {
 void StoredLog::Append(const host::Activity& activity) const {
     struct stat status {};
     {
-        const files::Descriptor file(open(path_.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
-        if (!file.IsOpen() || !file.WriteAll(Line(activity)) || fstat(file.Number(), &status) != 0) return;
+        const files::Descriptor file(
+            open(files::NativePath(path_).c_str(), O_RDWR | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
+        if (!file.IsOpen()) return;
+        const std::string line = (IsInALine(file.Number()) ? "\n" : "") + Line(activity);
+        if (!file.WriteAll(line) || fstat(file.Number(), &status) != 0) return;
     }
     if (static_cast<std::size_t>(status.st_size) > mostBytes) Cut(path_);
 }

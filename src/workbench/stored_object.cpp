@@ -1,7 +1,6 @@
 #include "workbench/stored_object.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "platform/component/member_table.h"
 #include "tessel/error.h"
@@ -47,10 +46,10 @@ std::vector<std::string> StoredObject::AttributeNames() const {
 
 Value StoredObject::Attribute(const std::string& name) const {
     if (draft_) {
-        const auto latest = std::views::reverse(draft_->attributes);
-        const auto found =
-            std::ranges::find(latest, name, &RepositoryContents::Attributes::value_type::first);
-        if (found != latest.end()) return found->second;
+        const auto& set = draft_->attributes;
+        const auto latest = std::find_if(set.rbegin(), set.rend(),
+                                         [&](const auto& attribute) { return attribute.first == name; });
+        if (latest != set.rend()) return latest->second;
         if (draft_->newType) return Null{};
     }
     const auto value = file_->Contents().Attribute(identifier_, name);
@@ -68,7 +67,7 @@ void StoredObject::SetAttribute(const std::string& name, const std::string& valu
 }
 
 void StoredObject::BeginChange() {
-    if (!draft_) draft_.emplace();
+    if (!draft_) draft_ = Draft{};
 }
 
 void StoredObject::EndChange() {

@@ -68,6 +68,13 @@ void Empty(const std::string& path, bool wasThere) {
     if (!wasThere) fs::remove(path, ignored);
 }
 
+// The project of a path from the workspace's folder on, such as Projects/NAME/DBSchema.mdb.
+std::optional<std::string> ProjectIn(const fs::path& relative) {
+    auto part = relative.begin();
+    if (part == relative.end() || *part != "Projects" || ++part == relative.end()) return std::nullopt;
+    return part->string();
+}
+
 std::string Listed(const std::vector<std::string>& names) {
     std::string list;
     for (const auto& name : names) list += (list.empty() ? "" : ", ") + name;
@@ -97,6 +104,22 @@ WorkspaceFolder WorkspaceFolder::Open(const std::string& folder) {
                 "The folder " + path +
                     " is no workspace: there is no file workspace.xml in it; choose another folder "
                     "or make a workspace first.");
+}
+
+bool WorkspaceFolder::IsWorkspace(const std::string& folder) {
+    return files::FileExists(AbsoluteFolder(folder) + repositoryName);
+}
+
+WorkspaceFolder::Place WorkspaceFolder::Find(const std::string& path) {
+    const fs::path start = AbsoluteFolder(path);
+    for (fs::path folder = start;; folder = folder.parent_path()) {
+        if (IsWorkspace(folder.string()))
+            return {folder.string(), ProjectIn(start.lexically_relative(folder))};
+        if (!folder.has_relative_path()) break;
+    }
+    throw Error(ErrorKind::File, start.string() +
+                                     " belongs to no workspace: neither it nor a folder above it "
+                                     "holds a file workspace.xml; choose another.");
 }
 
 WorkspaceFolder::WorkspaceFolder(std::string path)

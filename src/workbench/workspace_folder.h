@@ -21,6 +21,16 @@ class WorkspaceFolder {
     // damaged.
     static WorkspaceFolder Open(const std::string& folder);
 
+    [[nodiscard]] static bool IsWorkspace(const std::string& folder);
+
+    // The workspace that a file or folder belongs to, and the project in whose folder it is. Throws
+    // ErrorKind::File when it belongs to none.
+    struct Place {
+        std::string folder;
+        std::optional<std::string> project;
+    };
+    [[nodiscard]] static Place Find(const std::string& path);
+
     [[nodiscard]] const std::string& Path() const { return path_; }  // absolute, without links and ".."
     [[nodiscard]] std::string Name() const;                          // the folder's own where none is given
     [[nodiscard]] std::vector<std::string> Projects() const;

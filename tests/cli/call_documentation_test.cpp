@@ -1,9 +1,8 @@
 #include <fstream>
 #include <set>
-#include <sstream>
 
-#include "cli/json_values.h"
-#include "cli/serve_calls.h"
+#include "lines/json_values.h"
+#include "runner/call_server.h"
 #include "support/schema_test.h"
 
 namespace tessel::test {
@@ -34,15 +33,13 @@ TEST_F(CallDocumentation, SaysWhatEveryMemberAnswers) {
     ASSERT_EQ(lines.size() % 2, 0U);
     QueuedQuestions answering;
     state.questions = {std::shared_ptr<void>(), &answering};
+    CallServer server(state, answering);
     std::set<std::string> members;
     for (std::size_t i = 0; i < lines.size(); i += 2) {
-        std::istringstream input(lines[i]);
-        std::ostringstream output;
-        ServeCalls(Ws(), answering, input, output);
-        EXPECT_EQ(output.str(), lines[i + 1] + "\n") << lines[i];
+        const Json answer = server.Answer(std::string_view(lines[i]));
+        EXPECT_EQ(LineOf(answer), lines[i + 1]) << lines[i];
         const Json call = Json::parse(lines[i]);
-        if (!call.contains("on") && Json::parse(output.str()).contains("result"))
-            members.insert(call["member"]);
+        if (!call.contains("on") && answer.contains("result")) members.insert(call["member"]);
     }
     EXPECT_EQ(members.size(), 43U);  // all that the workspace has
 }

@@ -3,8 +3,8 @@
 #include <sstream>
 #include <thread>
 
-#include "cli/json_values.h"
-#include "cli/serve_calls.h"
+#include "lines/json_values.h"
+#include "runner/serve_calls.h"
 #include "support/child_program.h"
 #include "support/raw_sql.h"
 #include "support/schema_test.h"
@@ -82,18 +82,19 @@ class Killing : public SchemaTest {
     std::string Expect(const std::string& call) {
         std::istringstream input(call);
         std::ostringstream output;
-        ServeCalls(Ws(), answering_, input, output);
+        ServeCalls({state, answering_}, input, output);
         return output.str();
     }
 
     static std::string Contents(db::Database& database) {
         std::string contents;
+        ObjectHandles none;
         for (const char* table : {"Tables", "Columns", "Indices", "IndexColumns", "ForeignKeys",
                                   "ForeignKeyColumns", "ProjectSettings"})
             for (auto row = database.Select("select * from " + std::string(table) + " order by rowid");
                  row.Next();) {
                 contents += table;
-                for (const auto& field : row.Fields()) contents += "|" + ToJson(row[field]).dump();
+                for (const auto& field : row.Fields()) contents += "|" + ToJson(row[field], none).dump();
                 contents += "\n";
             }
         return contents;

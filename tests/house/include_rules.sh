@@ -17,18 +17,21 @@ declare -A mayInclude=(
     [platform/settings]='platform/text platform/component platform/files'
     [platform/db]='platform/text platform/component platform/files'
     [platform/diagram]='platform/text platform/component platform/files platform/xml'
+    [lines]="$platform"
     [host]="$platform"
     [schema]="$platform host"
     [verify]="$platform host schema"
     [import]="$platform host schema"
     [report]="$platform host schema"
     [engine]="$platform host schema verify import report"
+    [runner]="$platform lines host schema verify import report engine"
+    [addon_host]='platform/text platform/component platform/files lines'
     [workbench]="$platform host"
     [ui/rules]="$platform host schema verify import report engine"
     [ui/controls]="$platform host schema verify import report engine ui/rules"
     [ui/dialogs]="$platform host schema verify import report engine ui/rules ui/controls"
-    [ui/main]="$platform host schema verify import report engine ui/rules ui/controls ui/dialogs"
-    [cli]="$platform host schema verify import report engine workbench ui/main"
+    [ui/main]="$platform host schema verify import report engine ui/rules ui/controls ui/dialogs lines runner"
+    [cli]="$platform host schema verify import report engine lines runner workbench ui/main"
 )
 
 # Sets `room` to the room that the path below src/ (or include/) belongs to.
@@ -57,6 +60,7 @@ CheckLibrary() {
     case "$included" in
     '<Q'[A-Za-z]* | '"Q'[A-Z]* | '<q'*'.h>') BelongsTo Qt 'src/ui/controls/*' 'src/ui/dialogs/*' 'src/ui/main/*' ;;
     ?sqlite3*.h?) BelongsTo sqlite3.h 'src/platform/db/*.cpp' ;;
+    ?libpq*.h? | ?postgres_ext.h?) BelongsTo libpq-fe.h 'src/platform/db/*.cpp' ;;
     ?pugi*.hpp?) BelongsTo pugixml.hpp 'src/platform/xml/*.cpp' ;;
     ?gvc.h? | ?cgraph.h?) BelongsTo gvc.h 'src/platform/diagram/*.cpp' ;;
     esac

@@ -1,6 +1,6 @@
 #include "schema/workspace.h"
 
-#include "cli/json_values.h"
+#include "lines/list_combo.h"
 #include "schema/sql_text.h"
 #include "support/schema_test.h"
 

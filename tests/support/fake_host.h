@@ -162,6 +162,7 @@ class FakeFrontend : public host::Frontend {
     const xml::Document& WorkspaceOptions() override { return options; }
     const xml::Document& GlobalOptions() override { return globalOptions; }
     std::shared_ptr<host::Options> ProjectOptions() override { return projectOptions; }
+    void UseErrorsFile(const std::string& path) override { errorsFile = path; }
     std::shared_ptr<host::ActivityLog> Log() override { return log; }
     void Initiate(const std::shared_ptr<Object>& window) override { announced = window; }
     void Terminate() override { announced.reset(); }
@@ -190,8 +191,9 @@ class FakeFrontend : public host::Frontend {
         std::make_shared<FakeOptions>(xml::Document::Parse("<OPTIONS/>", "project options"));
     std::shared_ptr<FakeLog> log = std::make_shared<FakeLog>();
     std::weak_ptr<Object> announced;  // by Initiate
-    std::string sourceText;           // of every source that is loaded
-    std::vector<std::string> loads;   // of sources, and their closing
+    std::string errorsFile;
+    std::string sourceText;          // of every source that is loaded
+    std::vector<std::string> loads;  // of sources, and their closing
 };
 
 }  // namespace tessel::test

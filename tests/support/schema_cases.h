@@ -5,8 +5,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "cli/json_values.h"
-#include "cli/serve_calls.h"
+#include "lines/json_values.h"
+#include "runner/serve_calls.h"
 #include "support/schema_test.h"
 
 namespace tessel::test {
@@ -37,7 +37,7 @@ class SchemaCase : public SchemaTest {
         for (const auto& line : LinesOf(source / "calls.jsonl")) {
             std::istringstream call(line);
             std::ostringstream answer;
-            ServeCalls(Ws(), *questions, call, answer);
+            ServeCalls({state, *questions}, call, answer);
             const Json result = Json::parse(answer.str())["result"];
             ASSERT_TRUE(!result.is_null() && result != false) << line << answer.str();
         }

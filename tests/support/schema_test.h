@@ -26,6 +26,11 @@ class StrictQuestions : public QueuedQuestions {
         lastInput = box;
         return QueuedQuestions::Ask(box);
     }
+    std::shared_ptr<Collection> Fill(const host::Form& form) override {
+        Expect(form.title);
+        lastForm = form;
+        return QueuedQuestions::Fill(form);
+    }
     void Answers(std::deque<QueuedAnswer> answers) {
         left_ = answers.size();
         SetAnswers(std::move(answers));
@@ -33,6 +38,7 @@ class StrictQuestions : public QueuedQuestions {
     [[nodiscard]] std::size_t Left() const { return left_; }
 
     host::InputBox lastInput;
+    host::Form lastForm;
 
   private:
     void Expect(const std::string& question) {
@@ -72,14 +78,17 @@ class RecordingWindow : public ToolWindow {
         Note("errors " + title);
     }
     void RefreshBrowser() override { Note("refresh"); }
+    void SelectTable(const std::string& key) override { Note("select " + key); }
     std::string CVRL() const override { return cvrl_; }
     void SetCVRL(const std::string& value) override { cvrl_ = value; }
 
     std::vector<std::string> notes;
     std::vector<ErrorRow> errors;  // as shown last
     bool fails = false;            // every call throws after it was noted
+    const ComponentState* state = nullptr;
 
   private:
+    const ComponentState& State() const override { return *state; }
     static std::string Shown(const Value& value) {
         if (value.IsMissing()) return "(missing)";
         return value.IsNull() ? "(null)" : "'" + ToText(value) + "'";
@@ -104,6 +113,7 @@ class SchemaTest : public testing::Test {
         state.database = db::Database::Open(file);
         state.databaseFilename = file;
         state.window = window;
+        window->state = &state;
         state.sqlTypes.LoadSqlTypes(*state.database);
     }
     ~SchemaTest() override { EXPECT_EQ(questions->Left(), 0U) << "answers that nothing asked for"; }

@@ -32,16 +32,17 @@ TEST_F(Frontend, OptionsHoldTheEncodingOfTheObjectComputer) {
     EXPECT_EQ(KindThrown([&] { (void)without.WorkspaceOptions(); }), ErrorKind::File);
 }
 
-TEST_F(Frontend, GlobalOptionsMayBeMissingAndAreReadAnewWhenTheyChange) {
-    const std::string path = "//CASE[@ID='Vantrel']";
+TEST_F(Frontend, GlobalOptionsAreTheInstallationsOrTheFileReadAnewWhenItChanges) {
+    const std::string path = "//CASE[@ID='Vantrel']/LIST[@NAME='AddOns']";
     const std::string file = folder_ / "w/Options/global.xml";
-    EXPECT_FALSE(frontend_.GlobalOptions().SelectSingleNode(path));
-    Write(file, "<OPTIONS><CASE ID='Vantrel' VALUE='1'/></OPTIONS>");
-    EXPECT_EQ(frontend_.GlobalOptions().SelectSingleNode(path).Attribute("VALUE"), "1");
+    const auto tools = [&] { return installed_.GlobalOptions().SelectSingleNode(path).Children().size(); };
+    EXPECT_EQ(tools(), 2U);
+    Write(file, "<OPTIONS><CASE ID='Vantrel'><LIST NAME='AddOns'/></CASE></OPTIONS>");
+    EXPECT_EQ(tools(), 0U);
     Write(file, "<OPTIONS><CASE");
-    EXPECT_EQ(KindThrown([&] { (void)frontend_.GlobalOptions(); }), ErrorKind::Xml);
+    EXPECT_EQ(KindThrown([&] { (void)installed_.GlobalOptions(); }), ErrorKind::Xml);
     std::filesystem::remove(file);
-    EXPECT_FALSE(frontend_.GlobalOptions().SelectSingleNode(path));
+    EXPECT_EQ(tools(), 2U);
 }
 
 TEST_F(Frontend, ProjectOptionsAreTheInstallationsUntilTheyAreSaved) {

@@ -55,6 +55,8 @@ int Database::Execute(std::string_view sql) {
 
 int Database::RowsTouched() const { return engine_->rowsTouched; }
 
+std::int64_t Database::ChangeCount() const { return engine_->ChangeCount(); }
+
 Query Database::Select(std::string_view sql) {
     const Rewritten rewritten = Rewrite(sql);
     Statement statement = engine_->Prepare(rewritten.text, sql);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -31,6 +32,9 @@ class Database {
     // Runs one statement that changes rows; returns how many it touched.
     int Execute(std::string_view sql);
     [[nodiscard]] int RowsTouched() const;  // by the last Execute
+
+    // A count that grows with each row changed here, and falls back as a Transaction undoes its part.
+    [[nodiscard]] std::int64_t ChangeCount() const;
 
     // Runs one query and copies its rows, so that the tables may change while they are read.
     [[nodiscard]] Query Select(std::string_view sql);
@@ -65,6 +69,7 @@ class Transaction {
 
     Database::Engine& engine_;
     int depth_;  // 0 for the outermost
+    std::int64_t changesBefore_;
     bool open_ = true;
 };
 

@@ -68,6 +68,12 @@ void Database::Engine::Control(const std::string& sql) {
     statement.Step();
 }
 
+std::int64_t Database::Engine::ChangeCount() const {
+    return sqlite3_total_changes64(connection.get()) - changesUndone;
+}
+
+void Database::Engine::ForgetChangesSince(std::int64_t count) { changesUndone += ChangeCount() - count; }
+
 std::shared_ptr<const TableInfo> Database::Engine::Table(std::string_view name) {
     auto& info = tables[text::LowerAscii(name)];
     if (!info) info = std::make_shared<const TableInfo>(ReadTableInfo(statements, name));

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -48,6 +49,9 @@ struct Database::Engine {
     [[nodiscard]] bool InTransaction() const;  // as the engine sees it
     void RefuseLostTransaction(std::string_view sql) const;
 
+    [[nodiscard]] std::int64_t ChangeCount() const;
+    void ForgetChangesSince(std::int64_t count);  // they were undone
+
     std::string path;
     Connection connection;
     StatementCache statements;
@@ -55,6 +59,7 @@ struct Database::Engine {
     std::unordered_map<std::string, std::int32_t> reserved;                    // the last identifier by table
     int depth = 0;                                                             // of open Transactions
     int rowsTouched = 0;
+    std::int64_t changesUndone = 0;  // rows
 };
 
 }  // namespace tessel::db

@@ -13,6 +13,7 @@ struct SourceColumn {
     std::string type;  // as declared, such as "VARCHAR(30)"; may be empty
     bool isNullable = true;
     std::optional<std::string> defaultValue{};  // a text without its quotes, anything else as it is written
+    std::string comment{};
 };
 
 struct SourceIndex {
@@ -25,6 +26,7 @@ struct SourceIndex {
     bool isUnique = false;
     bool isPrimary = false;
     std::vector<Column> columns{};
+    std::string comment{};
 };
 
 struct SourceKey {
@@ -37,6 +39,7 @@ struct SourceKey {
     std::string refTable;
     bool deletesCascade = false;
     std::vector<Pair> pairs{};
+    std::string comment{};
 };
 
 struct SourceTable {
@@ -45,6 +48,7 @@ struct SourceTable {
     std::vector<SourceColumn> columns{};
     std::vector<SourceIndex> indexes{};  // the primary key's first
     std::vector<SourceKey> keys{};
+    std::string comment{};
 };
 
 // Something of the source that cannot be taken as it is.

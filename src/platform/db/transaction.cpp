@@ -16,7 +16,8 @@ void RollBack(Database::Engine& engine, int depth) {
 
 }  // namespace
 
-Transaction::Transaction(Database& database) : engine_(*database.engine_), depth_(engine_.depth) {
+Transaction::Transaction(Database& database)
+    : engine_(*database.engine_), depth_(engine_.depth), changesBefore_(engine_.ChangeCount()) {
     engine_.RefuseLostTransaction("begin");
     engine_.Control(depth_ == 0 ? "begin immediate" : "savepoint " + SavepointName(depth_));
     ++engine_.depth;
@@ -41,6 +42,7 @@ void Transaction::Commit() {
 void Transaction::Undo() noexcept {
     engine_.depth = depth_;
     open_ = false;
+    engine_.ForgetChangesSince(changesBefore_);
     try {
         RollBack(engine_, depth_);
     } catch (const DatabaseError&) {

@@ -75,6 +75,13 @@ void DeleteFolder(std::string_view path) {
     if (fault) ThrowWriteError("folder", native, "deleted", fault.value());
 }
 
+void RemoveFile(std::string_view path) {
+    const auto native = NativePath(path);
+    std::error_code fault;
+    fs::remove(native, fault);
+    if (fault) ThrowWriteError("file", native, "deleted", fault.value());
+}
+
 PathParts SplitPath(std::string_view path) {
     CheckParts(path);
     PathParts parts;

@@ -26,6 +26,7 @@ bool PlaceNewFile(std::string_view from, std::string_view to);
 
 // Deletes the folder with everything in it; nothing when it is not there.
 void DeleteFolder(std::string_view path);
+void RemoveFile(std::string_view path);  // nothing when it is not there
 
 struct PathParts {
     std::string folder;     // without a separator at its end

@@ -18,4 +18,7 @@ class Settings {
 // .config of the home folder.
 [[nodiscard]] std::string SettingsPath(const std::string& title);
 
+// The user's registry of add-on components, beside the settings: tessel/components.xml.
+[[nodiscard]] std::string UserComponentsPath();
+
 }  // namespace tessel

@@ -24,4 +24,6 @@ std::string SettingsFolder() {
 
 std::string SettingsPath(const std::string& title) { return SettingsFolder() + "/" + title + ".ini"; }
 
+std::string UserComponentsPath() { return SettingsFolder() + "/tessel/components.xml"; }
+
 }  // namespace tessel

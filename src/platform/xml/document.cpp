@@ -16,6 +16,9 @@ namespace {
 constexpr unsigned parseOptions = pugi::parse_default | pugi::parse_fragment | pugi::parse_comments |
                                   pugi::parse_pi | pugi::parse_doctype | pugi::parse_ws_pcdata_single;
 
+// Whoever reads a document walks it by recursion.
+constexpr int deepest = 200;
+
 [[noreturn]] void FailAt(std::string_view name, std::string_view text, std::ptrdiff_t offset,
                          const std::string& reason) {
     const auto before = text.substr(0, static_cast<std::size_t>(std::max<std::ptrdiff_t>(offset, 0)));
@@ -36,6 +39,21 @@ void RequireOneRoot(const pugi::xml_document& document, std::string_view text, s
         if (IsContent(node) && node != root) {
             FailAt(name, text, node.offset_debug(), "the document goes on outside its root element");
         }
+    }
+}
+
+void RequireShallow(const pugi::xml_document& document, std::string_view text, std::string_view name) {
+    int depth = 1;
+    for (auto node = document.first_child(); node;) {
+        if (depth > deepest && node.type() == pugi::node_element)
+            FailAt(name, text, node.offset_debug(), "the document is nested too deeply");
+        if (node.first_child()) {
+            node = node.first_child();
+            ++depth;
+            continue;
+        }
+        for (; node && !node.next_sibling(); --depth) node = node.parent();
+        if (node) node = node.next_sibling();
     }
 }
 
@@ -61,6 +79,7 @@ Document Document::Parse(std::string_view text, std::string_view name) {
         FailAt(name, text, 0, "the document is not in UTF-8");
     }
     RequireOneRoot(document, text, name);
+    RequireShallow(document, text, name);
     return parsed;
 }
 

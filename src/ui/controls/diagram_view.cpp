@@ -7,6 +7,7 @@
 #include <QPinchGesture>
 #include <QRubberBand>
 #include <QScrollBar>
+#include <QTextDocument>
 #include <QToolTip>
 #include <cmath>
 
@@ -222,7 +223,10 @@ void DiagramView::ShowToolTip(const QPoint& place, const QPoint& onScreen) {
             QString::fromStdString(box->comment.empty() ? box->caption : box->caption + "\n" + box->comment);
     else if (const auto* link = content_.FindLink(LinkAt(place)))
         text = QString::fromStdString(link->caption);
-    QToolTip::showText(onScreen, text, viewport());
+    // What people wrote is no markup.
+    QToolTip::showText(
+        onScreen, Qt::mightBeRichText(text) ? Qt::convertFromPlainText(text, Qt::WhiteSpaceNormal) : text,
+        viewport());
 }
 
 bool DiagramView::viewportEvent(QEvent* event) {

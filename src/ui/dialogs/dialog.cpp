@@ -43,7 +43,7 @@ QPushButton& Dialog::OKButton() const { return *buttons_->button(QDialogButtonBo
 QString Dialog::Text(int number) const { return Caption(state_.texts->Text(number)); }
 
 bool Dialog::Run() {
-    OKButton().setText(Text(okText));
+    OKButton().setText(OKCaption());
     buttons_->button(QDialogButtonBox::Cancel)->setText(Text(cancelText));
     RestoreSize();
     return exec() == Accepted;

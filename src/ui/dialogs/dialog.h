@@ -35,6 +35,8 @@ class Dialog : public QDialog {
     // What OK does before the dialog closes; false keeps it open.
     [[nodiscard]] virtual bool Confirm() { return true; }
 
+    [[nodiscard]] virtual QString OKCaption() const { return Text(okText); }
+
     [[nodiscard]] ComponentState& State() const { return state_; }
     [[nodiscard]] QString Text(int number) const;  // a resource text as a caption
     [[nodiscard]] QVBoxLayout& Body() const { return *body_; }

@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QTextDocument>
 #include <QTimer>
 
 #include "ui/dialogs/choices.h"
@@ -182,7 +183,7 @@ void frmForeignKey::RefreshList(ForeignKeyDialog::List list) {
     lvColumns_[list]->Show(std::move(items), rules_.Selected(list));
     const QString name = QString::fromStdString(rules_.DetailsName(list));
     frDetails_[list]->setTitle(QString(name).replace('&', "&&"));
-    frDetails_[list]->setToolTip(name);
+    frDetails_[list]->setToolTip(Qt::convertFromPlainText(name));
     lblType_[list]->setText(QString::fromStdString(rules_.DetailsType(list)));
 }
 

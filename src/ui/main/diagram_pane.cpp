@@ -67,6 +67,16 @@ void DiagramPane::Refresh() {
     RefreshCommands(paneIsVisible_);
 }
 
+void DiagramPane::FollowDatabase() {
+    {
+        const Suspended drawing(*diagram_);
+        nextBox_ = {};
+        AddBoxes();
+        AddLinks();
+    }
+    RefreshCommands(paneIsVisible_);
+}
+
 void DiagramPane::AddButtons() {
     static const ImageList images = DiagramImages();
     for (const auto& [key, tooltip, command] : buttons)

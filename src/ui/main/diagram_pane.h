@@ -23,6 +23,9 @@ class DiagramPane : public QObject {
     // link for each foreign key. A file that cannot be read counts as none.
     void Refresh();
 
+    // The same for the boxes and links that have come, changed or gone; the others stay as they are.
+    void FollowDatabase();
+
     // Adds the table's box, below those added before, or renews it. A comment that is Missing stays.
     void DrawTable(const std::string& name, std::int32_t tabID, const Value& comments);
 

@@ -24,6 +24,7 @@ frmMain::frmMain(ComponentState& state)
       settings_(SettingsPath(state.Title())),
       coolBar_(new CoolBar(QString::fromStdString(state.texts->Text(loadingTablesText)))),
       commands_(*state.texts, *menuBar(), coolBar_->Toolbar()),
+      executeMenu_(commands_, coolBar_->Toolbar()),
       splitter_(new TSplitter(*state.texts)),
       browser_(state, commands_),
       diagram_(state, commands_, browser_),

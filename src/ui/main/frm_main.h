@@ -16,6 +16,7 @@
 #include "ui/main/cool_bar.h"
 #include "ui/main/diagram_pane.h"
 #include "ui/main/errors_pane.h"
+#include "ui/main/execute_menu.h"
 #include "ui/main/properties_pane.h"
 
 namespace tessel {
@@ -52,6 +53,8 @@ class frmMain : public QMainWindow, public ToolWindow {
     // Lists and draws the tables anew. The selected one stays selected, if it is still there.
     void RefreshBrowser() override;
 
+    void SelectTable(const std::string& key) override { (void)browser_.Select(key); }
+
     // Lets the user make a foreign key of the table, `refTabID` (-1 for none) being offered as the one that
     // it refers to, and shows the new key.
     void AddNewKey(std::int32_t tabID, const std::string& name, std::int32_t refTabID);
@@ -67,6 +70,8 @@ class frmMain : public QMainWindow, public ToolWindow {
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
+    const ComponentState& State() const override { return state_; }
+
     // Making the window.
     void PlacePanes();
     void ConnectCommands();
@@ -85,6 +90,7 @@ class frmMain : public QMainWindow, public ToolWindow {
     void LoadContents();
     void LoadSchemaIcon();
     void LoadTables();
+    void ListAddOns();
     [[nodiscard]] bool IsImportWanted();
     void ImportTables();
 
@@ -94,6 +100,8 @@ class frmMain : public QMainWindow, public ToolWindow {
     void DeleteSchema();
     void EditOptions();
     void ShowExecuteMenu();
+    void Execute(const AddOnEntry& entry, const QString& title);
+    void FollowDatabase();
     void FollowLog(host::ActivityLog::Change change);
     void FloatLog();
 
@@ -113,6 +121,7 @@ class frmMain : public QMainWindow, public ToolWindow {
     QtSettings settings_;
     CoolBar* coolBar_;
     Commands commands_;
+    ExecuteMenu executeMenu_;
     TSplitter* splitter_;
     BrowserPane browser_;
     DiagramPane diagram_;

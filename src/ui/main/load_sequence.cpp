@@ -3,8 +3,8 @@
 #include "import/import_db_schema.h"
 #include "platform/files/file_service.h"
 #include "schema/action.h"
+#include "schema/activity.h"
 #include "ui/main/frm_main.h"
-#include "ui/rules/activity.h"
 #include "ui/rules/messages.h"
 #include "ui/rules/project_options.h"
 #include "verify/db_check.h"
@@ -58,6 +58,7 @@ void frmMain::Load(const std::shared_ptr<frmMain>& self) {
         show();
         RestoreLayout();
         LoadContents();
+        ListAddOns();
     }
     browser_.View().setFocus();
 }

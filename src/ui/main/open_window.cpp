@@ -7,10 +7,11 @@
 
 #include "engine/queued_questions.h"
 #include "engine/tessel_engine.h"
-#include "ui/controls/help_window.h"
+#include "ui/controls/qt_settings.h"
 #include "ui/main/application.h"
 #include "ui/main/frm_main.h"
 #include "ui/main/qt_questions.h"
+#include "ui/main/start_dialog.h"
 
 namespace tessel {
 
@@ -18,12 +19,6 @@ namespace {
 
 constexpr int done = 0;
 constexpr int failed = 2;
-
-bool HasPlatform() {
-    static constexpr const char* variables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
-    return std::ranges::any_of(variables,
-                               [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
-}
 
 void Report(const ComponentState& state, const std::string& message) {
     state.questions->Show({.text = message, .title = state.Title(), .icon = host::Icon::Critical});
@@ -61,11 +56,18 @@ bool Write(const QImage& image, const std::string& path) {
 
 }  // namespace
 
+bool HasDisplay() {
+    static constexpr const char* variables[] = {"DISPLAY", "WAYLAND_DISPLAY", "QT_QPA_PLATFORM"};
+    return std::ranges::any_of(variables,
+                               [](const char* name) { return !qEnvironmentVariableIsEmpty(name); });
+}
+
 int ShowWindow(ComponentState& state, const std::shared_ptr<host::Frontend>& frontend) {
-    state.questions = std::make_shared<QtQuestions>(
-        [&state](QWidget* dialog, int context) { ShowHelp(state, dialog, context); });
+    state.questions = std::make_shared<QtQuestions>(state);
     state.loadMainWindow = LoadMainWindow;
     if (!Start(state, frontend)) return failed;
+    QtSettings settings(SettingsPath(state.Title()));
+    RememberWorkspace(settings, frontend->GetCorvaneName(host::name_item::workspaceFolder));
     QApplication::setQuitOnLastWindowClosed(true);
     const int code = QApplication::exec();
     state.window.reset();
@@ -90,7 +92,7 @@ int SavePicture(ComponentState& state, const std::shared_ptr<host::Frontend>& fr
 
 int RunWindow(ComponentState& state, const std::shared_ptr<host::Frontend>& frontend,
               const OpenOptions& options) {
-    const bool offscreen = !HasPlatform();
+    const bool offscreen = !HasDisplay();
     if (offscreen && options.picture.empty()) {
         std::cerr << "tessel: There is no display to show the window on. Start the program from a graphical "
                      "session, or have a picture of the window saved.\n";

@@ -11,6 +11,9 @@ struct OpenOptions {
     std::string picture;  // where a PNG of the window is saved instead of running it; empty: nowhere
 };
 
+// Whether there is a display to show a window on.
+[[nodiscard]] bool HasDisplay();
+
 // Opens the editor's window for the host's current project and runs it until it is closed. Returns the exit
 // code of the program: 0, or 2 when the editor could not start, there is no display, or the picture could not
 // be saved; the reason has then been shown, without a display and for a picture on stderr. A picture needs no

@@ -11,7 +11,9 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/controls/help_window.h"
 #include "ui/dialogs/dialog.h"
+#include "ui/dialogs/form_dialog.h"
 
 namespace tessel {
 
@@ -49,10 +51,20 @@ void ShowAsPlainText(QWidget& box) {
     for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
 }
 
+// An hourglass would hold the user back from answering.
+class UsualPointer {
+  public:
+    UsualPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+    ~UsualPointer() { QApplication::restoreOverrideCursor(); }
+    UsualPointer(const UsualPointer&) = delete;
+    UsualPointer& operator=(const UsualPointer&) = delete;
+};
+
 }  // namespace
 
 host::Answer QtQuestions::Show(const host::MessageBox& box) {
-    QMessageBox shown(QApplication::activeWindow());
+    const UsualPointer pointer;
+    QMessageBox shown(Owner());
     shown.setObjectName("messageBox");
     shown.setWindowTitle(Caption(box.title));
     shown.setText(Caption(box.text));
@@ -64,7 +76,8 @@ host::Answer QtQuestions::Show(const host::MessageBox& box) {
 }
 
 std::optional<std::string> QtQuestions::Ask(const host::InputBox& box) {
-    QInputDialog dialog(QApplication::activeWindow());
+    const UsualPointer pointer;
+    QInputDialog dialog(Owner());
     dialog.setObjectName("inputDialog");
     dialog.setWindowTitle(Caption(box.title));
     dialog.setLabelText(Caption(box.prompt));
@@ -72,14 +85,25 @@ std::optional<std::string> QtQuestions::Ask(const host::InputBox& box) {
     dialog.findChild<QLineEdit*>()->setObjectName("txtInput");
     dialog.resize(inputWidth, dialog.sizeHint().height());
     ShowAsPlainText(dialog);
-    if (help_ && box.helpContext != 0) {
-        const auto show = [&] { help_(&dialog, box.helpContext); };
+    if (box.helpContext != 0) {
+        const auto show = [&] { ShowHelp(state_, &dialog, box.helpContext); };
         QObject::connect(new QShortcut(Qt::Key_F1, &dialog), &QShortcut::activated, show);
         auto& buttons = *dialog.findChild<QDialogButtonBox*>();
         QObject::connect(buttons.addButton(QDialogButtonBox::Help), &QPushButton::clicked, show);
     }
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return dialog.textValue().toStdString();
+}
+
+std::shared_ptr<Collection> QtQuestions::Fill(const host::Form& form) {
+    const UsualPointer pointer;
+    return FormDialog(state_, form, Owner()).Fill();
+}
+
+QWidget* QtQuestions::Owner() const {
+    QWidget* active = QApplication::activeWindow();
+    // A window that has just been hidden may still count as the active one.
+    return active && active->isVisible() ? active : dynamic_cast<QWidget*>(state_.window.get());
 }
 
 }  // namespace tessel

@@ -1,27 +1,26 @@
 #pragma once
 
-#include <functional>
-
-#include "host/questions.h"
+#include "schema/component_state.h"
 
 class QWidget;
 
 namespace tessel {
 
-// Asks in boxes over the active window. Texts are shown as they are, never as markup.
+// Asks in boxes over the active window, or over the main window while none is. Texts are shown as they are,
+// never as markup, and the pointer is the usual one also while the component is busy.
 class QtQuestions : public host::Questions {
   public:
-    // Shows the help at a context number over a dialog.
-    using Help = std::function<void(QWidget* dialog, int context)>;
-
-    // `help` is what F1 and the Help button of an input dialog do; without it there are none.
-    explicit QtQuestions(Help help = {}) : help_(std::move(help)) {}
+    // The state outlives the questions.
+    explicit QtQuestions(ComponentState& state) : state_(state) {}
 
     host::Answer Show(const host::MessageBox& box) override;
     std::optional<std::string> Ask(const host::InputBox& box) override;
+    std::shared_ptr<Collection> Fill(const host::Form& form) override;
 
   private:
-    Help help_;
+    [[nodiscard]] QWidget* Owner() const;
+
+    ComponentState& state_;
 };
 
 }  // namespace tessel

@@ -4,11 +4,11 @@
 
 #include "platform/files/file_service.h"
 #include "schema/action.h"
+#include "schema/activity.h"
 #include "ui/controls/help_window.h"
 #include "ui/dialogs/about_box.h"
 #include "ui/dialogs/options_dialog.h"
 #include "ui/main/frm_main.h"
-#include "ui/rules/activity.h"
 #include "ui/rules/help_contexts.h"
 #include "ui/rules/messages.h"
 #include "ui/rules/project_options.h"
@@ -34,7 +34,7 @@ void frmMain::ConnectCommands() {
     commands_.On({"mnuHelpTopics"}, [this] { ShowHelpFinder(state_, this); });
     commands_.On({"mnuHelpWindow"}, [this] { ShowHelp(state_, this, help_context::window); });
     commands_.On({"mnuHelpAbout"}, [this] { ShowAbout(state_, this); });
-    commands_.Item("mnuExecuteItem").setEnabled(false);
+    connect(&executeMenu_, &ExecuteMenu::Chosen, this, &frmMain::Execute);
 }
 
 // A label that is being edited gets its text before the verification reads it, not in the middle of it.
@@ -77,12 +77,6 @@ void frmMain::EditOptions() {
     } catch (const Error& error) {
         Tell(state_, error.what(), host::Icon::Critical);
     }
-}
-
-void frmMain::ShowExecuteMenu() {
-    const QWidget* button = coolBar_->Toolbar().widgetForAction(&commands_.Item("tbExecute"));
-    const int left = coolBar_->Toolbar().x() + button->x();
-    commands_.Popup("mnuExecute", coolBar_->mapToGlobal(QPoint(left, coolBar_->height())));
 }
 
 void frmMain::FollowLog(host::ActivityLog::Change change) {

@@ -1,6 +1,6 @@
 #include "ui/rules/messages.h"
 
-#include "ui/rules/activity.h"
+#include "schema/activity.h"
 
 namespace tessel {
 

@@ -1,11 +1,9 @@
 #include "ui/rules/option_case.h"
 
 #include <algorithm>
-#include <charconv>
-#include <optional>
 #include <utility>
 
-#include "platform/text/utf8.h"
+#include "schema/option_text.h"
 #include "tessel/error.h"
 
 namespace tessel {
@@ -15,24 +13,6 @@ namespace {
 constexpr std::pair<const char*, Option::Kind> kinds[] = {
     {"BOOL", Option::Kind::Bool}, {"TEXT", Option::Kind::Text},  {"NUMBER", Option::Kind::Number},
     {"LIST", Option::Kind::List}, {"CASE", Option::Kind::Group}, {"GROUP", Option::Kind::Group}};
-
-// The whole text as a number; nothing when it is none.
-std::optional<int> NumberIn(std::string_view text) {
-    int number = 0;
-    const auto [stop, fault] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (fault != std::errc() || stop != text.data() + text.size()) return std::nullopt;
-    return number;
-}
-
-std::string AttributeOf(const xml::Element& element, std::string_view name) {
-    return element.Attribute(name).value_or("");
-}
-
-std::string ShownText(const xml::Element& element, std::string_view attribute, const text::Texts& texts) {
-    std::string text = AttributeOf(element, attribute);
-    const auto number = text.starts_with('@') ? NumberIn(std::string_view(text).substr(1)) : std::nullopt;
-    return number ? texts.Text(*number) : text;
-}
 
 std::string ValueOf(const xml::Element& element, Option::Kind kind) {
     std::string value = AttributeOf(element, "VALUE");
@@ -50,11 +30,6 @@ std::vector<Option::Item> ItemsOf(const xml::Element& list, const text::Texts& t
         items.push_back({value, caption.empty() ? value : caption});
     }
     return items;
-}
-
-bool IsVisible(const xml::Element& element) {
-    const auto visible = element.Attribute("VISIBLE");
-    return !visible || IsOn(*visible);
 }
 
 Option Read(const xml::Element& element, Option::Kind kind, const text::Texts& texts);
@@ -87,8 +62,6 @@ Option Read(const xml::Element& element, Option::Kind kind, const text::Texts& t
 }
 
 }  // namespace
-
-bool IsOn(std::string_view value) { return text::SameText(value, "True") || value == "1" || value == "-1"; }
 
 OptionCase::OptionCase(host::Options& options, const std::string& path, const text::Texts& texts)
     : options_(options), document_(xml::Document::Parse(options.Document().Text(), "project options")) {

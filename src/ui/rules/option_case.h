@@ -9,9 +9,6 @@
 
 namespace tessel {
 
-// Whether a VALUE is that of an option which is switched on.
-[[nodiscard]] bool IsOn(std::string_view value);
-
 // An option of a tree as the user edits it.
 struct Option {
     enum class Kind { Bool, Text, Number, List, Group };

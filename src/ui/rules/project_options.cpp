@@ -1,6 +1,6 @@
 #include "ui/rules/project_options.h"
 
-#include "ui/rules/option_case.h"
+#include "schema/option_text.h"
 
 namespace tessel {
 

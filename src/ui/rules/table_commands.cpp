@@ -1,6 +1,6 @@
 #include "ui/rules/table_commands.h"
 
-#include "ui/rules/activity.h"
+#include "schema/activity.h"
 #include "ui/rules/help_contexts.h"
 #include "ui/rules/messages.h"
 

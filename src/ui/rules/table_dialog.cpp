@@ -1,8 +1,8 @@
 #include "ui/rules/table_dialog.h"
 
+#include "schema/activity.h"
 #include "schema/sql_text.h"
 #include "tessel/convert.h"
-#include "ui/rules/activity.h"
 #include "ui/rules/messages.h"
 
 namespace tessel {

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "platform/db/postgres_catalogue.h"
 #include "platform/db/sqlite_catalogue.h"
 #include "tessel/error.h"
 
@@ -9,21 +10,33 @@ namespace tessel::workbench {
 namespace fs = std::filesystem;
 namespace {
 
-struct Kind {
-    std::string_view name;
-    std::string (*placeName)(const std::string& place, const fs::path& workspace);
-    db::SourceCatalogue (*read)(const std::string& place);
-};
-
 std::string FileName(const std::string& place, const fs::path& workspace) {
     const fs::path file = fs::weakly_canonical(fs::absolute(place));
     const fs::path inside = file.lexically_relative(fs::weakly_canonical(workspace));
     return inside.empty() || *inside.begin() == ".." ? file.string() : inside.string();
 }
 
+Source ReadSqlite(const std::string& place, const fs::path& workspace) {
+    return {"sqlite:" + FileName(place, workspace), db::ReadSqliteCatalogue(place)};
+}
+
+// A connection in the form of a URI has the word before the colon for a part of it.
+Source ReadPostgres(const std::string& place, const fs::path&) {
+    auto [name, catalogue] =
+        db::ReadPostgresCatalogue(place.starts_with("//") ? "postgresql:" + place : place);
+    return {"postgresql:" + name, std::move(catalogue)};
+}
+
+struct Kind {
+    std::string_view name;
+    Source (*read)(const std::string& place, const fs::path& workspace);
+};
+
 // The kinds of database that can be read.
 constexpr Kind kinds[] = {
-    {"sqlite", FileName, db::ReadSqliteCatalogue},
+    {"sqlite", ReadSqlite},
+    {"postgresql", ReadPostgres},
+    {"postgres", ReadPostgres},
 };
 
 }  // namespace
@@ -31,11 +44,12 @@ constexpr Kind kinds[] = {
 Source ReadSource(const std::string& source, const std::string& workspaceFolder) {
     const auto colon = std::min(source.find(':'), source.size());
     const std::string place = source.substr(std::min(colon + 1, source.size()));
-    for (const Kind& kind : kinds) {
-        if (kind.name != source.substr(0, colon) || place.empty()) continue;
-        return {std::string(kind.name) + ":" + kind.placeName(place, workspaceFolder), kind.read(place)};
-    }
-    throw Error(ErrorKind::Argument, "\"" + source + "\" names no database; write it as sqlite:PATH.");
+    for (const Kind& kind : kinds)
+        if (kind.name == source.substr(0, colon) && !place.empty()) return kind.read(place, workspaceFolder);
+    const bool mayHoldPassword = source.find_first_of("=@") != std::string::npos;
+    throw Error(ErrorKind::Argument, (mayHoldPassword ? "The source" : "\"" + source + "\"") +
+                                         " names no database; write it as sqlite:PATH or "
+                                         "postgresql:CONNECTION.");
 }
 
 }  // namespace tessel::workbench

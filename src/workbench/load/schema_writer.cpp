@@ -11,6 +11,7 @@ namespace {
 std::string OriginOf(const TableMarks& marks) { return "obj:" + marks.object; }
 
 Value NullWhenNone(const std::optional<std::string>& text) { return text ? Value(*text) : Value(); }
+Value NullWhenEmpty(const std::string& text) { return text.empty() ? Value() : Value(text); }
 
 }  // namespace
 
@@ -54,6 +55,7 @@ std::int32_t SchemaWriter::WriteTable(std::optional<std::int32_t> tabID, const T
     else
         row.AddNew();
     row.Set("TableName", table.name);
+    row.Set("Comments", NullWhenEmpty(table.comment));
     row.Set("RepObjId", marks.object);
     row.Set("Created", marks.modified);
     row.Set("CreatedVia", marks.source);
@@ -89,6 +91,7 @@ void SchemaWriter::WriteColumns(std::int32_t tabID, const TableDefinition& table
         row.Set("Scale", column.type.scale);
         row.Set("IsNullable", column.isNullable);
         row.Set("DefaultValue", NullWhenNone(column.defaultValue));
+        row.Set("Comments", NullWhenEmpty(column.comment));
         row.Set("CreatedVia", marks.source);
         row.Set("CVRL", OriginOf(marks));
         row.Save();
@@ -108,6 +111,7 @@ void SchemaWriter::WriteIndexes(std::int32_t tabID, const TableDefinition& table
         row.Set("TabID", tabID);
         row.Set("IndexName", index.name);
         row.Set("Unique", index.isUnique);
+        row.Set("Comment", NullWhenEmpty(index.comment));
         row.Set("CVRL", origin);
         const Value indexID = row.Get("IndexID");
         row.Save();
@@ -144,6 +148,7 @@ void SchemaWriter::WriteKeys(std::int32_t tabID, const TableDefinition& table,
         row.Set("RefTabId", tabIDs.at(key.refTable));
         row.Set("KeyName", key.name);
         row.Set("HowDelete", key.deletesCascade ? "C" : "R");
+        row.Set("Comment", NullWhenEmpty(key.comment));
         row.Set("CVRL", origin);
         const Value keyID = row.Get("KeyID");
         row.Save();

@@ -9,12 +9,25 @@
 namespace tessel::workbench {
 namespace {
 
-using Places = std::unordered_map<std::string, std::size_t>;  // by name in lower case
+// Finds what bears a name exactly, or else what bears it in other letters.
+class Places {
+  public:
+    void Enter(const std::string& name, std::size_t place) {
+        exact_[name] = place;
+        folded_.emplace(text::LowerAscii(name), place);
+    }
 
-std::optional<std::size_t> PlaceOf(const Places& places, const std::string& name) {
-    const auto found = places.find(text::LowerAscii(name));
-    return found == places.end() ? std::nullopt : std::optional(found->second);
-}
+    [[nodiscard]] std::optional<std::size_t> Find(const std::string& name) const {
+        const auto exact = exact_.find(name);
+        if (exact != exact_.end()) return exact->second;
+        const auto folded = folded_.find(text::LowerAscii(name));
+        return folded == folded_.end() ? std::nullopt : std::optional(folded->second);
+    }
+
+  private:
+    std::unordered_map<std::string, std::size_t> exact_;
+    std::unordered_map<std::string, std::size_t> folded_;
+};
 
 class Definer {
   public:
@@ -23,8 +36,9 @@ class Definer {
 
     void Define(const db::SourceTable& source, const std::string& name) {
         NoteName(source.name, source.name, name);
-        tablePlaces_[text::LowerAscii(source.name)] = tables_.size();
-        tables_.push_back({.sourceName = source.name, .name = name, .isView = source.isView});
+        tablePlaces_.Enter(source.name, tables_.size());
+        tables_.push_back(
+            {.sourceName = source.name, .name = name, .isView = source.isView, .comment = source.comment});
         columnPlaces_.emplace_back();
         sources_.push_back(&source);
         DefineColumns();
@@ -49,9 +63,9 @@ class Definer {
             const std::string what = source.name + "." + column.name;
             const std::string name = names.Take(column.name, "C");
             NoteName(what, column.name, name);
-            columnPlaces_.back()[text::LowerAscii(column.name)] = tables_.back().columns.size();
+            columnPlaces_.back().Enter(column.name, tables_.back().columns.size());
             tables_.back().columns.push_back(
-                {name, TypeOf(what, column.type), column.isNullable, column.defaultValue});
+                {name, TypeOf(what, column.type), column.isNullable, column.defaultValue, column.comment});
         }
     }
 
@@ -70,9 +84,9 @@ class Definer {
                                                             : index.isUnique ? "Unique"
                                                                              : "Index");
             NoteName(source.name + ", index " + index.name, index.name, name);
-            TableDefinition::Index defined{name, index.isUnique, index.isPrimary, {}};
+            TableDefinition::Index defined{name, index.isUnique, index.isPrimary, {}, index.comment};
             for (const auto& column : index.columns)
-                if (const auto place = PlaceOf(columnPlaces_.back(), column.name))
+                if (const auto place = columnPlaces_.back().Find(column.name))
                     defined.parts.push_back({*place, column.isDescending});
             tables_.back().indexes.push_back(std::move(defined));
         }
@@ -96,12 +110,12 @@ class Definer {
 
     // Nothing when the table or a column of it is not there.
     std::optional<TableDefinition::Key> Resolved(std::size_t table, const db::SourceKey& key) const {
-        const auto refTable = PlaceOf(tablePlaces_, key.refTable);
+        const auto refTable = tablePlaces_.Find(key.refTable);
         if (!refTable) return {};
-        TableDefinition::Key resolved{"", *refTable, key.deletesCascade, {}};
+        TableDefinition::Key resolved{"", *refTable, key.deletesCascade, {}, key.comment};
         for (const auto& pair : key.pairs) {
-            const auto column = PlaceOf(columnPlaces_[table], pair.column);
-            const auto refColumn = PlaceOf(columnPlaces_[*refTable], pair.refColumn);
+            const auto column = columnPlaces_[table].Find(pair.column);
+            const auto refColumn = columnPlaces_[*refTable].Find(pair.refColumn);
             if (!column || !refColumn) return {};
             resolved.pairs.push_back({*column, *refColumn});
         }
@@ -140,16 +154,24 @@ std::string Fingerprint(const TableDefinition& table, const std::vector<TableDef
     std::string text = table.isView ? "view" : "table";
     // Every text goes in with its length, so that no two definitions read alike.
     const auto add = [&](const std::string& part) { text += fmt::format("|{}:{}", part.size(), part); };
+    const auto addComment = [&](const std::string& comment) {
+        if (comment.empty()) return;
+        text += "|m";
+        add(comment);
+    };
+    addComment(table.comment);
     for (const auto& column : table.columns) {
         add(column.name);
         text += fmt::format("|c{},{},{},{}", column.type.typeID, column.type.precision, column.type.scale,
                             column.isNullable);
         if (column.defaultValue) add(*column.defaultValue);
+        addComment(column.comment);
     }
     for (const auto& index : table.indexes) {
         add(index.name);
         text += fmt::format("|i{},{}", index.isUnique, index.isPrimary);
         for (const auto& part : index.parts) text += fmt::format("|{},{}", part.column, part.isDescending);
+        addComment(index.comment);
     }
     for (const auto& key : table.keys) {
         add(key.name);
@@ -159,6 +181,7 @@ std::string Fingerprint(const TableDefinition& table, const std::vector<TableDef
             text += fmt::format("|{}", pair.column);
             add(tables[key.refTable].columns[pair.refColumn].name);
         }
+        addComment(key.comment);
     }
     return fmt::format("{:016x}", Hash(text));
 }

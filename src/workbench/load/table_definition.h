@@ -19,6 +19,7 @@ struct TableDefinition {
         ColumnType type;
         bool isNullable;
         std::optional<std::string> defaultValue;
+        std::string comment;
     };
     struct Index {
         struct Part {
@@ -29,6 +30,7 @@ struct TableDefinition {
         bool isUnique;
         bool isPrimary;
         std::vector<Part> parts;
+        std::string comment;
     };
     struct Key {
         struct Pair {
@@ -39,11 +41,13 @@ struct TableDefinition {
         std::size_t refTable;
         bool deletesCascade;
         std::vector<Pair> pairs;
+        std::string comment;
     };
 
     std::string sourceName;
     std::string name;
     bool isView = false;
+    std::string comment{};
     std::vector<Column> columns{};
     std::vector<Index> indexes{};
     std::vector<Key> keys{};

@@ -15,7 +15,8 @@ enum class Size {
     Taken,   // as precision and scale
     OrOne,   // as length, 1 when there is none
     OrLong,  // as length; without one the long type of the kind is the counterpart
-    NoZone,  // ignored, and so is the time zone
+    OneBit,  // ignored when it is 1, else as length of a text of bits
+    Lost,    // ignored, and so is something of the type itself, such as its time zone
 };
 
 struct TypeRow {
@@ -23,10 +24,13 @@ struct TypeRow {
     std::string_view name;
     Size size;
     std::string_view withSize = {};  // the type where a size is declared, if that is another
+    std::int32_t length = 0;         // of the counterpart, where the declared type has none
 };
 
 constexpr TypeRow knownTypes[] = {
     {"char", "CHAR", Size::OrOne},
+    {"bpchar", "CHAR", Size::OrLong},
+    {"uuid", "CHAR", Size::Lost, {}, 36},
     {"character", "CHAR", Size::OrOne},
     {"nchar", "CHAR", Size::OrOne},
     {"native character", "CHAR", Size::OrOne},
@@ -71,17 +75,17 @@ constexpr TypeRow knownTypes[] = {
     {"date", "DATE", Size::Ignored},
     {"time", "TIME", Size::Ignored},
     {"time without time zone", "TIME", Size::Ignored},
-    {"time with time zone", "TIME", Size::NoZone},
-    {"timetz", "TIME", Size::NoZone},
+    {"time with time zone", "TIME", Size::Lost},
+    {"timetz", "TIME", Size::Lost},
     {"timestamp", "TIMESTAMP", Size::Ignored},
     {"timestamp without time zone", "TIMESTAMP", Size::Ignored},
-    {"timestamp with time zone", "TIMESTAMP", Size::NoZone},
-    {"timestamptz", "TIMESTAMP", Size::NoZone},
+    {"timestamp with time zone", "TIMESTAMP", Size::Lost},
+    {"timestamptz", "TIMESTAMP", Size::Lost},
     {"datetime", "TIMESTAMP", Size::Ignored},
     {"smalldatetime", "TIMESTAMP", Size::Ignored},
     {"bool", "BOOLEAN", Size::Ignored},
     {"boolean", "BOOLEAN", Size::Ignored},
-    {"bit", "BOOLEAN", Size::Ignored},
+    {"bit", "BOOLEAN", Size::OneBit},
     {"binary", "BINARY", Size::OrLong},
     {"varbinary", "VARBINARY", Size::OrLong},
     {"binary varying", "VARBINARY", Size::OrLong},
@@ -151,9 +155,12 @@ MappedType Counterpart(const TypeRow& row, std::int32_t precision, std::int32_t 
             return {name, std::max(precision, 1)};
         case Size::OrLong:
             if (precision > 0) return {name, precision};
-            return {name == "VARCHAR" ? "LONGVARCHAR" : "LONGVARBINARY", 0, 0, false};
-        case Size::NoZone:
-            return {name, 0, 0, false};
+            return {name.ends_with("BINARY") ? "LONGVARBINARY" : "LONGVARCHAR", 0, 0, false};
+        case Size::OneBit:
+            if (precision > 1) return {"CHAR", precision, 0, false};
+            break;
+        case Size::Lost:
+            return {name, row.length, 0, false};
         case Size::Ignored:
             break;
     }
@@ -168,7 +175,8 @@ MappedType MapType(std::string_view declared) {
     const std::int32_t scale = type.sizes.size() < 2 ? 0 : type.sizes[1];
     const auto* const row = std::ranges::find(knownTypes, type.name, &TypeRow::declared);
     if (row != std::end(knownTypes)) return Counterpart(*row, precision, scale);
-    if (precision > 0) return {"VARCHAR", precision, 0, false};
+    const bool isArray = declared.ends_with("[]");  // its size is that of an element
+    if (precision > 0 && !isArray) return {"VARCHAR", precision, 0, false};
     return {"LONGVARCHAR", 0, 0, false};
 }
 

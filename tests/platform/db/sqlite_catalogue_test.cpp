@@ -1,13 +1,12 @@
 #include "platform/db/sqlite_catalogue.h"
 
+#include "platform/db/catalogue_text.h"
 #include "platform/db/constraint_names.h"
 #include "platform/db/temporary_database.h"
 #include "support/raw_sql.h"
 
 namespace tessel::db {
 namespace {
-
-using Lines = std::vector<std::string>;
 
 TEST(ConstraintNames, AreFoundInAnySpelling) {
     const auto names = ReadConstraintNames(R"(CREATE TABLE "a(b" ( -- CONSTRAINT no FOREIGN KEY (x)
@@ -38,38 +37,6 @@ class SqliteCatalogue : public TemporaryDatabase {
         auto catalogue = ReadSqliteCatalogue(file);
         EXPECT_EQ(Content(file), before);
         return catalogue;
-    }
-
-    static std::string Shown(const SourceTable& table) {
-        std::string text = table.name + (table.isView ? " view:" : ":");
-        for (const auto& column : table.columns)
-            text += " " + column.name + " [" + column.type + "]" + (column.isNullable ? "" : "!") +
-                    (column.defaultValue ? "=" + *column.defaultValue : "");
-        for (const auto& index : table.indexes) {
-            text += std::string(index.isPrimary  ? "; primary "
-                                : index.isUnique ? "; unique "
-                                                 : "; index ") +
-                    index.name;
-            for (const auto& column : index.columns)
-                text += (column.isDescending ? " -" : " +") + column.name;
-        }
-        for (const auto& key : table.keys) {
-            text += "; key " + key.name + " to " + key.refTable + (key.deletesCascade ? " cascade" : "");
-            for (const auto& pair : key.pairs) text += " " + pair.column + ">" + pair.refColumn;
-        }
-        return text;
-    }
-
-    static Lines Shown(const SourceCatalogue& catalogue) {
-        Lines lines;
-        for (const auto& table : catalogue.tables) lines.push_back(Shown(table));
-        return lines;
-    }
-
-    static Lines Notes(const SourceCatalogue& catalogue) {
-        Lines lines;
-        for (const auto& [what, remark] : catalogue.notes) lines.push_back(what + ": " + remark);
-        return lines;
     }
 };
 

@@ -47,6 +47,19 @@ TEST(Document, EntitiesAreNotExpanded) {
     EXPECT_EQ(document.Root().Attribute("x"), "&e;");
 }
 
+std::string Nested(int depth) {
+    std::string text;
+    for (int i = 0; i < depth; ++i) text += "<a>t";
+    for (int i = 0; i < depth; ++i) text += "</a>";
+    return text;
+}
+
+TEST(Document, WhatIsNestedTooDeeplyToBeWalkedIsRefused) {
+    EXPECT_EQ(FaultOf(Nested(200)), "none");
+    for (const int depth : {201, 1'000'000})
+        EXPECT_TRUE(FaultOf(Nested(depth)).starts_with("test.xml, line 1:")) << depth;
+}
+
 TEST(Document, IsChangedAndSaved) {
     const TemporaryFolder folder;
     Document made;

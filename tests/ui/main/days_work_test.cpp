@@ -15,7 +15,7 @@ using Lines = std::vector<std::string>;
 class DaysWorkTest : public WindowTest {
   protected:
     DaysWorkTest() {
-        state.questions = std::make_shared<QtQuestions>();
+        state.questions = std::make_shared<QtQuestions>(state);
         window = &Start();
     }
 

@@ -181,7 +181,7 @@ TEST_F(FrmMainTest, TakesNoInputWhileProgressIsMade) {
         dynamic_cast<QMessageBox&>(box).button(QMessageBox::Yes)->click();
         box.close();
     });
-    EXPECT_EQ(QtQuestions().Show({.text = "Go on?", .title = "T", .buttons = host::Buttons::YesNo}),
+    EXPECT_EQ(QtQuestions(state).Show({.text = "Go on?", .title = "T", .buttons = host::Buttons::YesNo}),
               host::Answer::Yes);
     workspace->FinishProgress();
     EXPECT_FALSE(bar.isVisible());

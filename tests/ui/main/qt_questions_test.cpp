@@ -36,7 +36,7 @@ TEST(QtQuestionsTest, AMessageBoxShowsItsIconAndReturnsTheButton) {
             EXPECT_EQ(box.buttons().size(), expected.buttonCount);
             box.button(expected.clicked)->click();
         });
-        EXPECT_EQ(QtQuestions().Show(
+        EXPECT_EQ(QtQuestions(state).Show(
                       {.text = "?", .title = "T", .icon = expected.icon, .buttons = expected.buttons}),
                   expected.answer);
     }
@@ -52,7 +52,7 @@ TEST(QtQuestionsTest, NamesAreNeverMarkup) {
         }
         window.close();
     });
-    QtQuestions().Show({.text = "Drop <b>T</b>\r\nand U\rnow?", .title = "T", .detail = "<i>why</i>"});
+    QtQuestions(state).Show({.text = "Drop <b>T</b>\r\nand U\rnow?", .title = "T", .detail = "<i>why</i>"});
     shown.sort();
     EXPECT_EQ(shown, (QStringList{"<i>why</i>", "Drop <b>T</b>\nand U\nnow?"}));
 }
@@ -66,7 +66,7 @@ TEST(QtQuestionsTest, TheInputDialogReturnsWhatWasTyped) {
             field.setText(typed);
             dialog.findChild<QDialogButtonBox*>()->button(button)->click();
         });
-        return QtQuestions().Ask({.prompt = "Name", .title = "Tessel", .text = "old", .helpFile = ""});
+        return QtQuestions(state).Ask({.prompt = "Name", .title = "Tessel", .text = "old", .helpFile = ""});
     };
     EXPECT_EQ(ask("顧客", QDialogButtonBox::Ok), "顧客");
     EXPECT_EQ(ask("", QDialogButtonBox::Ok), "");

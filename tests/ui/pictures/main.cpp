@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QStyleFactory>
 #include <QTabWidget>
+#include <QThread>
 #include <QTreeView>
 #include <filesystem>
 #include <iostream>
@@ -13,6 +14,7 @@
 #include "ui/main/application.h"
 #include "ui/main/frm_main.h"
 #include "ui/main/qt_questions.h"
+#include "ui/main/tool_watch.h"
 #include "ui/pictures/camera.h"
 #include "workbench/stand_alone_frontend.h"
 
@@ -22,6 +24,51 @@ namespace tessel::pictures {
 
 constexpr QSize windowSize(1280, 800);
 constexpr int tourZoom = 65;
+
+host::Form SampleForm() {
+    using Kind = host::FormField::Kind;
+    return {
+        .title = "Record Layout",
+        .text = "Columns of the copybook BORROWER.cpy, as they will be added to the table.",
+        .okCaption = "&Add Columns",
+        .fields = {
+            {.key = "table", .caption = "&Table:", .value = "BORROWER"},
+            {.key = "occurs",
+             .kind = Kind::Number,
+             .caption = "&Largest OCCURS that is expanded:",
+             .value = 12},
+            {.key = "format",
+             .kind = Kind::Choice,
+             .caption = "&Format:",
+             .value = "fixed",
+             .choices = {{"free", "Free"}, {"fixed", "Fixed, columns 8 to 72"}}},
+            {.key = "in", .kind = Kind::OpenFile, .caption = "&Copybook:", .value = "copy/BORROWER.cpy"},
+            {.key = "out", .kind = Kind::SaveFile, .caption = "テーブルの説明の保存先(&S):", .value = ""},
+            {.key = "filler", .kind = Kind::Check, .caption = "테이블에 FILLER도 추가(&I)", .value = true},
+            {.key = "source",
+             .kind = Kind::Note,
+             .caption = "S&ource:",
+             .value = "01  BORROWER.\n    05  ID             PIC 9(8).\n    05  NAME           PIC X(40).\n"
+                      "    05  JOINED.\n        10  JOINED-YEAR    PIC 9(4).\n"},
+            {.key = "columns",
+             .kind = Kind::List,
+             .caption = "Col&umns:",
+             .columns = {"Column", "Type", "Reason"},
+             .rows = {
+                 {"ID", "INTEGER", "PIC 9(8)"},
+                 {"NAME", "VARCHAR(40)", "PIC X(40)"},
+                 {"JOINED_YEAR", "SMALLINT", "PIC 9(4), which fits a small whole number without loss"}}}}};
+}
+
+host::Form LongForm() {
+    host::Form form{.title = "Types", .text = std::string(400, 'w') + " end", .fields = {}};
+    for (int number = 1; number <= 40; ++number)
+        form.fields.push_back({.key = std::to_string(number),
+                               .caption = "A caption of the field " + std::to_string(number) +
+                                          ", which goes on for longer than any label ought to",
+                               .value = number});
+    return form;
+}
 
 class Album {
   public:
@@ -38,6 +85,7 @@ class Album {
         TakeDiagramServices();
         TakeQuestions();
         TakeOthers();
+        TakeAddOns();
     }
 
   private:
@@ -110,6 +158,27 @@ class Album {
         camera_.TakeModal("messageBox", "drop-table", [&] { Choose("mnuStructureDelete"); });
     }
 
+    // The button's list, a form with a field of each kind, and the box while a tool works.
+    void TakeAddOns() {
+        auto* list = window_.findChild<QMenu*>("tbExecuteMenu");
+        list->popup(QPoint(0, 0));
+        camera_.Take(*list, "tbExecuteMenu");
+        list->close();
+        camera_.TakeModal("frmForm", "form", [&] { (void)state_.questions->Fill(SampleForm()); });
+        camera_.TakeModal("frmForm", "form-long", [&] { (void)state_.questions->Fill(LongForm()); });
+        camera_.TakeModal("frmRunning", "running", [&] {
+            ToolWatch watch(state_, window_, "SQL Script");
+            while (watch.GoesOn()) QThread::msleep(50);
+        });
+        const std::string failed = "Failed to start SQL Script\rProgID: Tessel.SqlScript\rParam: ";
+        camera_.TakeModal("messageBox", "add-on-failed", [&] {
+            state_.questions->Show({.text = failed,
+                                    .title = state_.Title(),
+                                    .icon = host::Icon::Critical,
+                                    .detail = "It was ended by the signal 11 (Segmentation fault)."});
+        });
+    }
+
     void TakeOthers() {
         camera_.TakeModal("frmOptions", "options", [&] { Choose("mnuViewOptions"); });
         camera_.TakeModal("frmAbout", "about", [&] { Choose("mnuHelpAbout"); });
@@ -133,7 +202,7 @@ int Run(int argc, char** argv) {
     if (std::string_view(argv[6]) == "dark") UseDarkColours();
     state.texts = std::make_shared<text::Texts>(share + "/texts", argv[5]);
     state.codePage = std::make_shared<text::CodePage>(text::CodePage::FromEnvironment());
-    state.questions = std::make_shared<QtQuestions>();
+    state.questions = std::make_shared<QtQuestions>(state);
     state.loadMainWindow = LoadMainWindow;
     application.UseLanguage(state.texts->Language());
     const auto frontend = std::make_shared<workbench::StandAloneFrontend>(

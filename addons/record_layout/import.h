@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "columns.h"
+#include "layout.h"
+#include "tessel/vntws.h"
+#include "texts.h"
+
+namespace tessel::layout {
+
+// A column as it is written into the schema.
+struct NewColumn {
+    std::string name;  // unlike the others'; the workspace may put a number behind it
+    std::int32_t typeID = 0;
+    std::int32_t precision = 0;
+    std::int32_t scale = 0;
+    std::string typeText;
+    std::string picture;  // as it is written
+    std::string comment;
+    Place place;
+};
+
+// The columns of the plan with their names and types as the workspace makes them. A name of which nothing is
+// left gets a remark and becomes "C".
+[[nodiscard]] std::vector<NewColumn> PrepareColumns(VNTWS& workspace, const Plan& plan, Remarks& remarks,
+                                                    Language language);
+
+// Where columns go.
+struct Target {
+    std::int32_t tabID = 0;  // 0: a new table
+    std::string name;        // the workspace may put a number behind that of a new one
+};
+
+// The origin reference of a place: the file, from the workspace's folder on where it lies in that, and the
+// line.
+class Origins {
+  public:
+    Origins(const std::vector<std::string>& files, const std::string& workspaceFolder);
+    [[nodiscard]] std::string Of(Place place) const;
+
+  private:
+    std::vector<std::string> files_;
+};
+
+// Adds the columns to the table, which is made first where it is a new one, at the place of its record.
+// Returns its TabID and puts its name into the target. Throws Complaint for what the workspace refuses.
+std::int32_t ImportColumns(VNTWS& workspace, Target& target, const std::vector<NewColumn>& columns,
+                           const Origins& origins, Place recordPlace, Language language);
+
+}  // namespace tessel::layout

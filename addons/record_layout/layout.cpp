@@ -1,0 +1,56 @@
+#include "layout.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+#include "item_parser.h"
+#include "line_text.h"
+#include "record_tree.h"
+
+namespace tessel::layout {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string BaseName(const std::string& path) { return Upper(fs::path(path).stem().string()); }
+
+}  // namespace
+
+Layout ReadLayout(const std::string& path, Format format, const FileReader& read) {
+    Layout layout;
+    CopyReader reader(read, format, layout.remarks);
+    const Tokens tokens = reader.Read(path);
+    layout.files = reader.Files();
+    layout.records = MakeRecords(ParseItems(tokens, layout.remarks), BaseName(path), layout.remarks);
+    if (layout.records.empty()) throw Complaint(Text::NoRecord, {path});
+    return layout;
+}
+
+std::optional<std::string> ReadWholeFile(const std::string& path) {
+    std::error_code failure;
+    if (!fs::is_regular_file(path, failure)) return {};
+    std::ifstream file(path, std::ios::binary);
+    std::string content;
+    constexpr std::size_t most =
+        CopyReader::mostMegabytes * 1'000'000 + 1;  // one more tells that it is too large
+    content.resize(std::min<std::uintmax_t>(fs::file_size(path, failure), most));
+    file.read(content.data(), static_cast<std::streamsize>(content.size()));
+    if (!file.is_open() || file.bad()) return {};
+    content.resize(static_cast<std::size_t>(file.gcount()));
+    return content;
+}
+
+const Item& ChooseRecord(Layout& layout, const std::string& name) {
+    const auto chosen = std::ranges::find_if(layout.records, [&](const Item& record) {
+        return name.empty() || SameWord(record.ShownName(), name);
+    });
+    if (chosen == layout.records.end()) throw Complaint(Text::UnknownRecord, {layout.files.front(), name});
+    for (const auto& record : layout.records)
+        if (&record != &*chosen) layout.remarks.Add(record.place, Text::OtherRecord, {record.ShownName()});
+    return *chosen;
+}
+
+}  // namespace tessel::layout

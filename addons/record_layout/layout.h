@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "copy_reader.h"
+#include "items.h"
+
+namespace tessel::layout {
+
+// What a copybook describes.
+struct Layout {
+    std::vector<std::string> files;  // the copybook and what it copies
+    std::vector<Item> records;       // one at least
+    Remarks remarks;
+};
+
+// Reads the copybook at `path`. Throws Complaint when it cannot be read or describes no record.
+[[nodiscard]] Layout ReadLayout(const std::string& path, Format format, const FileReader& read);
+
+// A file of the system; nothing when it cannot be read, or is none to be read as a whole.
+[[nodiscard]] std::optional<std::string> ReadWholeFile(const std::string& path);
+
+// The record of this name, or the first one for an empty name; the others get a remark. Throws Complaint when
+// there is no such record.
+[[nodiscard]] const Item& ChooseRecord(Layout& layout, const std::string& name);
+
+}  // namespace tessel::layout

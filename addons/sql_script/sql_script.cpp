@@ -1,0 +1,169 @@
+#include "sql_script/sql_script.h"
+
+#include <filesystem>
+#include <fstream>
+
+#include "sql_script/files.h"
+#include "sql_script/parameters.h"
+#include "sql_script/planner.h"
+#include "sql_script/progress.h"
+#include "sql_script/schema_reader.h"
+#include "sql_script/text_tools.h"
+#include "tessel/convert.h"
+
+namespace tessel::sql_script {
+
+namespace {
+
+constexpr std::int32_t workspaceFolder = 4;
+constexpr std::int32_t projectName = 7;
+constexpr std::int32_t shareFolder = 13;
+constexpr std::size_t mostRemarksShown = 10;
+
+using Fields = std::shared_ptr<Collection>;
+
+Fields Made(std::initializer_list<std::pair<const char*, Value>> items) {
+    auto fields = std::make_shared<Collection>();
+    for (const auto& [key, value] : items) fields->Add(value, key);
+    return fields;
+}
+
+// One run of the tool.
+class Task {
+  public:
+    Task(Object& frontend, VNTWS& workspace)
+        : frontend_(frontend), workspace_(workspace), language_(LanguageOf(Get("Language"))) {}
+
+    Value Run(const std::string& parameter) {
+        Parameters parameters = ReadParameters(parameter, language_);
+        const bool asks = !parameters.dialect || parameters.file.empty();
+        if (asks && !Ask(parameters)) return Null{};
+        parameters.file = std::filesystem::absolute(ReplaceAll(parameters.file, "\\", "/")).string();
+        const ServerSchema planned = Write(parameters);
+        const std::string summary = Summary(planned, parameters.file);
+        TellRemarks(planned, summary, asks);
+        return summary;
+    }
+
+  private:
+    Value Call(Object& object, const char* member, Arguments arguments) {
+        return object.Call(member, CallKind::Method, arguments);
+    }
+    std::string Get(const char* member) {
+        Arguments none;
+        const Value value = frontend_.Call(member, CallKind::Get, none);
+        return value.IsNull() ? std::string() : ToText(value);
+    }
+    std::string Name(std::int32_t item) {
+        return ReplaceAll(ToText(Call(frontend_, "GetCorvaneName", {item})), "\\", "/");
+    }
+    [[nodiscard]] std::string Said(Text text, const std::vector<std::string>& parameters = {}) const {
+        return Say(language_, text, parameters);
+    }
+
+    // False when the user cancelled.
+    bool Ask(Parameters& parameters) {
+        if (parameters.file.empty())
+            parameters.file = Name(workspaceFolder) + "/Output/" + Name(projectName) + ".sql";
+        const Value answer = Call(*workspace_.ToolWindow(), "Form", {Value(FormFor(parameters))});
+        const auto* values = answer.As<Fields>();
+        if (!values) return false;
+        parameters.dialect = FindDialect(ToText((*values)->At("dialect")));
+        parameters.file = Trim(ToText((*values)->At("file")));
+        parameters.options.dropsTables = ToBoolean((*values)->At("drop"));
+        parameters.options.hasComments = ToBoolean((*values)->At("comments"));
+        return parameters.dialect && !parameters.file.empty();
+    }
+
+    Fields FormFor(const Parameters& parameters) {
+        auto choices = std::make_shared<Collection>();
+        for (const auto& dialect : Dialects()) choices->Add(dialect.caption, dialect.name);
+        const Dialect& chosen = parameters.dialect ? *parameters.dialect : Dialects().front();
+        const auto fields = Made({
+            {"dialect", Made({{"kind", "choice"},
+                              {"caption", Said(Text::Database)},
+                              {"value", chosen.name},
+                              {"choices", choices}})},
+            {"file", Made({{"kind", "saveFile"},
+                           {"caption", Said(Text::File)},
+                           {"value", parameters.file},
+                           {"filter", Said(Text::Filter)}})},
+            {"drop", Made({{"kind", "check"},
+                           {"caption", Said(Text::Drop)},
+                           {"value", parameters.options.dropsTables}})},
+            {"comments", Made({{"kind", "check"},
+                               {"caption", Said(Text::Comments)},
+                               {"value", parameters.options.hasComments}})},
+        });
+        return Made({{"caption", Said(Text::Caption)}, {"ok", Said(Text::Write)}, {"fields", fields}});
+    }
+
+    ServerSchema Write(const Parameters& parameters) {
+        constexpr std::int32_t half = 50;
+        Progress progress(workspace_, Said(Text::Progress), 2 * half);
+        progress.Step(Said(Text::Reading), half);
+        Schema schema = ReadSchema(*workspace_.ProjectDB());
+        schema.name = Name(projectName);
+        const ServerSchema planned = PlanSchema(*parameters.dialect, Types(*parameters.dialect), schema);
+        const std::size_t count = planned.order.size();
+        std::size_t shown = 0;
+        const auto show = [&](std::size_t place) {
+            const std::size_t reached = (place + 1) * half / count;
+            if (reached == shown) return;
+            progress.Step(Said(Text::Writing, {planned.tables[planned.order[place]].name}),
+                          static_cast<std::int32_t>(reached - shown));
+            shown = reached;
+        };
+        ReplaceFile(parameters.file, WriteScript(*parameters.dialect, planned, parameters.options, show),
+                    language_);
+        return planned;
+    }
+
+    // The workspace's own table of types goes before the installation's.
+    TypeTable Types(const Dialect& dialect) {
+        std::string file = Name(workspaceFolder) + "/Options/sql_types.txt";
+        if (!std::filesystem::exists(file)) file = Name(shareFolder) + "/addons/sql_types.txt";
+        return {ReadFile(file, language_), file, dialect, language_};
+    }
+
+    [[nodiscard]] std::string Summary(const ServerSchema& planned, const std::string& file) const {
+        const std::size_t remarks = RemarksOf(planned).size();
+        std::string counts = Counted(language_, Text::Table, Text::Tables, CountTables(planned)) + ", " +
+                             Counted(language_, Text::Key, Text::Keys, CountKeys(planned));
+        if (remarks > 0) counts += ", " + Counted(language_, Text::Remark, Text::Remarks, remarks);
+        return Said(Text::Summary, {counts, file});
+    }
+
+    // All of them in the list of complaints, the first ones in a message.
+    void TellRemarks(const ServerSchema& planned, const std::string& summary, bool tellsSuccess) {
+        const auto remarks = RemarksOf(planned);
+        if (remarks.empty()) {
+            if (tellsSuccess) (void)Call(*workspace_.ToolWindow(), "Message", {summary, "information"});
+            return;
+        }
+        std::string all;
+        std::string shown = summary + "\n";
+        for (std::size_t i = 0; i < remarks.size(); ++i) {
+            const std::string line = Said(remarks[i]->text, remarks[i]->parameters);
+            all += line + "\n";
+            if (i < mostRemarksShown) shown += "\n" + line;
+        }
+        if (remarks.size() > mostRemarksShown)
+            shown += "\n" + Said(Text::MoreRemarks, {std::to_string(remarks.size() - mostRemarksShown)});
+        if (const std::string file = Get("ErrorsFile"); !file.empty()) ReplaceFile(file, all, language_);
+        (void)Call(*workspace_.ToolWindow(), "Message", {shown, "warning"});
+    }
+
+    Object& frontend_;
+    VNTWS& workspace_;
+    Language language_;
+};
+
+}  // namespace
+
+Value SqlScript::Run(const std::shared_ptr<Object>& frontend, const std::shared_ptr<VNTWS>& workspace,
+                     const std::string& parameter) {
+    return Task(*frontend, *workspace).Run(parameter);
+}
+
+}  // namespace tessel::sql_script

@@ -1,0 +1,88 @@
+#include "schema/form_reader.h"
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+#include "tessel/convert.h"
+#include "tessel/error.h"
+
+namespace tessel {
+
+namespace {
+
+using host::Form;
+using host::FormField;
+
+constexpr std::array<std::pair<std::string_view, FormField::Kind>, 8> kinds{{
+    {"text", FormField::Kind::Text},
+    {"number", FormField::Kind::Number},
+    {"check", FormField::Kind::Check},
+    {"choice", FormField::Kind::Choice},
+    {"openFile", FormField::Kind::OpenFile},
+    {"saveFile", FormField::Kind::SaveFile},
+    {"note", FormField::Kind::Note},
+    {"list", FormField::Kind::List},
+}};
+
+[[noreturn]] void Refuse(const std::string& what) {
+    throw Error(ErrorKind::Argument, "The form: " + what + ".");
+}
+
+std::string TextIn(const Collection& collection, const char* key) {
+    const Value* value = collection.Find(key);
+    return value && !value->IsNull() && !value->IsMissing() ? ToText(*value) : std::string();
+}
+
+// An empty collection where there is none.
+const Collection& CollectionIn(const Collection& collection, const char* key) {
+    static const Collection none;
+    const Value* value = collection.Find(key);
+    if (!value) return none;
+    const auto* inner = value->As<std::shared_ptr<Collection>>();
+    if (!inner || !*inner) Refuse(std::string("\"") + key + "\" must be a collection");
+    return **inner;
+}
+
+const Collection& ItemIn(const Collection::Item& item) {
+    const auto* inner = item.value.As<std::shared_ptr<Collection>>();
+    if (!inner || !*inner) Refuse("\"" + item.key + "\" must be a collection");
+    return **inner;
+}
+
+std::vector<std::string> TextsOf(const Collection& collection) {
+    std::vector<std::string> texts;
+    for (const auto& [key, value] : collection) texts.push_back(ToText(value));
+    return texts;
+}
+
+FormField::Kind KindOf(const Collection& field, const std::string& key) {
+    const std::string word = TextIn(field, "kind");
+    const auto kind = std::ranges::find(kinds, word, [](const auto& entry) { return entry.first; });
+    if (kind == kinds.end()) Refuse("the field \"" + key + "\" has no kind that is known");
+    return kind->second;
+}
+
+FormField ReadField(const Collection::Item& item) {
+    const Collection& given = ItemIn(item);
+    FormField field{.key = item.key, .kind = KindOf(given, item.key)};
+    field.caption = TextIn(given, "caption");
+    if (const Value* value = given.Find("value")) field.value = *value;
+    for (const auto& [value, caption] : CollectionIn(given, "choices"))
+        field.choices.emplace_back(value, ToText(caption));
+    field.filter = TextIn(given, "filter");
+    field.columns = TextsOf(CollectionIn(given, "columns"));
+    for (const auto& row : CollectionIn(given, "rows")) field.rows.push_back(TextsOf(ItemIn(row)));
+    return field;
+}
+
+}  // namespace
+
+Form ReadForm(const Collection& form) {
+    Form read{
+        .title = TextIn(form, "caption"), .text = TextIn(form, "text"), .okCaption = TextIn(form, "ok")};
+    for (const auto& field : CollectionIn(form, "fields")) read.fields.push_back(ReadField(field));
+    return read;
+}
+
+}  // namespace tessel

@@ -1,0 +1,88 @@
+#include "ui/dialogs/form_dialog.h"
+
+#include <QFormLayout>
+#include <QScreen>
+#include <QScrollArea>
+#include <QStyle>
+
+#include "ui/dialogs/fields.h"
+#include "ui/rules/help_contexts.h"
+
+namespace tessel {
+
+namespace {
+
+constexpr int longCaption = 60;  // characters
+
+// As large as what it scrolls, where the screen has the room.
+class FormArea : public QScrollArea {
+  public:
+    explicit FormArea(QWidget* page) {
+        setFrameShape(NoFrame);
+        setWidgetResizable(true);
+        setWidget(page);
+        setMinimumWidth(Bounded(page->minimumSizeHint()).width());
+    }
+    [[nodiscard]] QSize sizeHint() const override { return Bounded(widget()->sizeHint()); }
+
+  private:
+    [[nodiscard]] QSize Bounded(QSize page) const {
+        page.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+        return page.boundedTo(screen()->availableSize() * 2 / 3);
+    }
+};
+
+QLabel* LabelOf(const host::FormField& field, QWidget* control) {
+    const QString caption = Caption(field.caption);
+    auto* label = CaptionLabel("", caption, control);
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(caption.size() > longCaption);
+    return label;
+}
+
+}  // namespace
+
+FormDialog::FormDialog(ComponentState& state, const host::Form& form, QWidget* owner)
+    : Dialog(state, "frmForm", help_context::addOns, owner), okCaption_(Caption(form.okCaption)) {
+    setWindowTitle(form.title.empty() ? Caption(state.Title()) : Caption(form.title));
+    auto* page = new QWidget;
+    auto* rows = new QFormLayout(page);
+    rows->setContentsMargins({});
+    rows->setRowWrapPolicy(QFormLayout::WrapLongRows);
+    rows->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    if (!form.text.empty()) rows->addRow(ValueLabel("lblText", Caption(form.text)));
+    for (const auto& field : form.fields) Add(*rows, field);
+    Body().addWidget(new FormArea(page));
+    if (!controls_.empty()) controls_.front().second.widget->setFocus();
+}
+
+void FormDialog::Add(QFormLayout& page, const host::FormField& field) {
+    FormControl control = MakeFormControl(State(), field);
+    if (control.place == FormControl::Place::WithCaption) {
+        page.addRow(control.widget);
+    } else {
+        auto* label = LabelOf(field, control.widget);
+        if (control.place == FormControl::Place::BesideCaption) {
+            page.addRow(label, control.widget);
+        } else {
+            if (!field.caption.empty()) page.addRow(label);
+            page.addRow(control.widget);
+        }
+    }
+    controls_.emplace_back(field.key, std::move(control));
+}
+
+std::shared_ptr<Collection> FormDialog::Fill() {
+    if (!Run()) return nullptr;
+    auto values = std::make_shared<Collection>();
+    for (const auto& [key, control] : controls_)
+        if (control.value) values->Add(control.value(), key);
+    return values;
+}
+
+QString FormDialog::OKCaption() const { return okCaption_.isEmpty() ? Dialog::OKCaption() : okCaption_; }
+
+// The size that suits one form does not suit the next.
+void FormDialog::done(int result) { QDialog::done(result); }
+
+}  // namespace tessel

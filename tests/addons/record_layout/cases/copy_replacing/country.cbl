@@ -1,0 +1,2 @@
+               10  :TAG:-COUNTRY   PIC XX.
+           COPY ADDRESS.

@@ -1,0 +1,53 @@
+-- Demo: the schema for MySQL / MariaDB
+-- 5 tables, 6 keys
+
+SET NAMES utf8mb4;
+SET @old_sql_mode = @@SESSION.sql_mode;
+SET SESSION sql_mode = 'STRICT_ALL_TABLES,NO_ENGINE_SUBSTITUTION';
+
+CREATE TABLE `C` (
+    `C1` INT NOT NULL,
+    `C2` VARCHAR(8) NOT NULL,
+    `C3` INT,
+    PRIMARY KEY (`C2`, `C1`),
+    UNIQUE KEY `C_Number` (`C1`) COMMENT 'for A'
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4;
+
+CREATE TABLE `B` (
+    `B1` INT NOT NULL,
+    `B2` INT,
+    PRIMARY KEY (`B1`),
+    -- goes on
+    CONSTRAINT `B_C` FOREIGN KEY (`B2`) REFERENCES `C` (`C1`) ON DELETE CASCADE
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4;
+
+CREATE TABLE `A` (
+    `A1` INT NOT NULL,
+    `A2` INT,
+    PRIMARY KEY (`A1`),
+    -- the circle begins
+    CONSTRAINT `A_B` FOREIGN KEY (`A2`) REFERENCES `B` (`B1`) ON DELETE RESTRICT
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4;
+
+CREATE TABLE `D` (
+    `D1` INT NOT NULL,
+    `D2` CHAR(4) NOT NULL,
+    `D3` INT,
+    `D4` CHAR(4),
+    PRIMARY KEY (`D1`),
+    UNIQUE KEY `D_Code` (`D2`),
+    CONSTRAINT `D_Parent` FOREIGN KEY (`D3`) REFERENCES `D` (`D1`) ON DELETE RESTRICT,
+    -- by the code
+    CONSTRAINT `D_Other` FOREIGN KEY (`D4`) REFERENCES `D` (`D2`) ON DELETE CASCADE
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4;
+
+CREATE TABLE `E` (
+    `E1` VARCHAR(8),
+    `E2` INT,
+    CONSTRAINT `E_C` FOREIGN KEY (`E1`, `E2`) REFERENCES `C` (`C2`, `C1`) ON DELETE CASCADE
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4;
+
+-- and ends
+ALTER TABLE `C` ADD CONSTRAINT `C_A` FOREIGN KEY (`C3`) REFERENCES `A` (`A1`) ON DELETE RESTRICT;
+
+SET SESSION sql_mode = @old_sql_mode;

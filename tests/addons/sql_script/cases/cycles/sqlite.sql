@@ -1,0 +1,51 @@
+-- Demo: the schema for SQLite
+-- 5 tables, 6 keys
+
+BEGIN;
+
+CREATE TABLE "C" (
+    "C1" INTEGER NOT NULL,
+    "C2" VARCHAR(8) NOT NULL,
+    "C3" INTEGER,
+    CONSTRAINT "PrimaryKey" PRIMARY KEY ("C2", "C1"),
+    -- and ends
+    CONSTRAINT "C_A" FOREIGN KEY ("C3") REFERENCES "A" ("A1") ON DELETE RESTRICT
+);
+-- for A
+CREATE UNIQUE INDEX "C_Number" ON "C" ("C1");
+
+CREATE TABLE "B" (
+    "B1" INTEGER NOT NULL,
+    "B2" INTEGER,
+    CONSTRAINT "PrimaryKey" PRIMARY KEY ("B1"),
+    -- goes on
+    CONSTRAINT "B_C" FOREIGN KEY ("B2") REFERENCES "C" ("C1") ON DELETE CASCADE
+);
+
+CREATE TABLE "A" (
+    "A1" INTEGER NOT NULL,
+    "A2" INTEGER,
+    CONSTRAINT "PrimaryKey" PRIMARY KEY ("A1"),
+    -- the circle begins
+    CONSTRAINT "A_B" FOREIGN KEY ("A2") REFERENCES "B" ("B1") ON DELETE RESTRICT
+);
+
+CREATE TABLE "D" (
+    "D1" INTEGER NOT NULL,
+    "D2" CHAR(4) NOT NULL,
+    "D3" INTEGER,
+    "D4" CHAR(4),
+    CONSTRAINT "PrimaryKey" PRIMARY KEY ("D1"),
+    CONSTRAINT "D_Parent" FOREIGN KEY ("D3") REFERENCES "D" ("D1") ON DELETE RESTRICT,
+    -- by the code
+    CONSTRAINT "D_Other" FOREIGN KEY ("D4") REFERENCES "D" ("D2") ON DELETE CASCADE
+);
+CREATE UNIQUE INDEX "D_Code" ON "D" ("D2");
+
+CREATE TABLE "E" (
+    "E1" VARCHAR(8),
+    "E2" INTEGER,
+    CONSTRAINT "E_C" FOREIGN KEY ("E1", "E2") REFERENCES "C" ("C2", "C1") ON DELETE CASCADE
+);
+
+COMMIT;

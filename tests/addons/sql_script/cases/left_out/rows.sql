@@ -1,0 +1,7 @@
+-- What a server cannot take: each with its remark, and the rest of the schema all the same.
+insert into Tables(TabID,TableName,PrimaryIndexID,Comments) values(1,'Empty',null,'no columns'),(2,'Target',2,null),(3,'Source',3,null),(4,'Wide',null,null)
+insert into Columns(ColumnID,TabID,ColumnName,Position,TypeID,Precision,Scale,IsNullable,DefaultValue) values(1,2,'Id',1,4,0,0,1,null),(2,2,'Code',2,12,20,0,1,null),(3,2,'Odd',3,99,0,0,1,null),(4,3,'Id',1,4,0,0,0,'1,5'),(5,3,'Target',2,12,10,0,1,null),(6,3,'Day',3,9,0,0,1,'31.12.2026'),(7,3,'Letter',4,1,1,0,1,'AB'),(8,3,'Flag',5,16,0,0,1,'maybe'),(9,3,'Share',6,3,4,2,1,'123'),(10,3,'Nr',7,5,0,0,1,'1); DROP TABLE "Target"; --'),(11,4,'Key',1,12,1000,0,0,null),(12,4,'A',2,12,16000,0,1,null),(13,4,'B',3,12,8000,0,1,null),(14,4,'Text',4,13,0,0,1,null),(15,4,'Limit',5,2,31,31,1,null)
+insert into Indices(IndexID,TabID,IndexName,[Unique]) values(1,1,'OfEmpty',0),(2,2,'PrimaryKey',1),(3,3,'PrimaryKey',1),(4,2,'NoColumns',0),(5,3,'OtherTable',0),(6,3,'Twice',0),(7,4,'Longest',1),(8,4,'OnText',0)
+insert into IndexColumns(IndexID,ColumnID,Position,Direction) values(2,1,1,'D'),(3,4,1,'A'),(3,6,2,'D'),(5,1,1,'A'),(6,6,1,'A'),(6,6,2,'D'),(7,11,1,'A'),(8,14,1,'A')
+insert into ForeignKeys(KeyID,TabID,RefTabId,KeyName,HowDelete) values(1,3,2,'NoPairs','R'),(2,3,77,'NoTable','R'),(3,3,2,'NoColumn','R'),(4,3,2,'NotUnique','R'),(5,3,2,'OtherType','R'),(6,3,1,'ToEmpty','R'),(7,3,2,'Good','C')
+insert into ForeignKeyColumns(KeyID,ColumnID,RefColumnID) values(2,4,1),(3,4,999),(4,5,2),(5,5,1),(7,4,1)

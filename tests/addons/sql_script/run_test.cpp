@@ -1,0 +1,103 @@
+#include <sys/stat.h>
+
+#include "script_test.h"
+
+namespace tessel::test {
+namespace {
+
+class ScriptRun : public ScriptTest {
+  protected:
+    void MakeBook() { AddColumn(AddTable("BOOK"), "ISBN"); }
+    std::string Failure(const std::string& parameter) {
+        try {
+            return Run(parameter);
+        } catch (const Error& error) {
+            return error.what();
+        }
+    }
+    std::string Message() {
+        const auto asked = questions->TakeAsked();
+        return asked.empty() ? "" : asked.back().text;
+    }
+    void Answer(std::initializer_list<std::pair<const char*, Value>> values) {
+        auto filled = std::make_shared<Collection>();
+        for (const auto& [key, value] : values) filled->Add(value, key);
+        questions->Answers({FilledForm{filled}});
+    }
+};
+
+TEST_F(ScriptRun, AsksForWhatIsNotGivenAndWritesWhereTheUserSays) {
+    MakeBook();
+    questions->Answers({host::Answer::Cancel});
+    EXPECT_EQ(Run("drop=yes"), "cancelled");
+    EXPECT_EQ(questions->lastForm.fields.at(1).value, Value(folder / "Output/Demo.sql"));
+    EXPECT_EQ(questions->lastForm.fields.at(2).value, Value(true));
+    EXPECT_FALSE(std::filesystem::exists(folder / "Output"));
+
+    Answer({{"dialect", "sqlite"}, {"comments", false}});
+    EXPECT_EQ(Run("dialect=mysql"), "1 table, 0 keys: " + folder / "Output/Demo.sql");
+    EXPECT_EQ(Message(), "1 table, 0 keys: " + folder / "Output/Demo.sql");
+    EXPECT_EQ(Content(folder / "Output/Demo.sql"),
+              "-- Demo: the schema for SQLite\n-- 1 table, 0 keys\n\nBEGIN;\n\n"
+              "CREATE TABLE \"BOOK\" (\n    \"ISBN\" INTEGER\n);\n\nCOMMIT;\n");
+    EXPECT_EQ(folder.Names().count("schema.errors"), 0U);
+}
+
+TEST_F(ScriptRun, ShowsItsProgressToTheEnd) {
+    MakeBook();
+    TakeNotes();
+    Script("sqlite");
+    const std::vector<std::string> notes{"start Writing the SQL script 100",
+                                         "step Reading the schema",
+                                         "done 50",
+                                         "step Writing BOOK",
+                                         "done 50",
+                                         "finish"};
+    EXPECT_EQ(TakeNotes(), notes);
+    EXPECT_NE(Failure("dialect=sqlite;file=" + folder / "none/none/out.sql"), "");
+    EXPECT_EQ(TakeNotes().back(), "finish");
+}
+
+TEST_F(ScriptRun, TellsEveryRemarkInTheUsersLanguage) {
+    for (int i = 1; i <= 12; ++i) AddTable("T" + std::to_string(i));
+    host->language = "ja";
+    EXPECT_EQ(Run("dialect=mysql;file=" + folder / "out.sql"),
+              "テーブル 0 個, キー 0 個, 注意 12 件: " + folder / "out.sql");
+    const std::string errors = Content(folder / "schema.errors");
+    EXPECT_EQ(std::ranges::count(errors, '\n'), 12);
+    const std::string message = Message();
+    EXPECT_NE(message.find("T10: 列がないため、テーブルを省きます。\n… ほか 2 件"), std::string::npos)
+        << message;
+    EXPECT_NE(Content(folder / "out.sql").find("-- Remark: T12: the table is left out"), std::string::npos);
+}
+
+TEST_F(ScriptRun, ReplacesAFileByAWholeOneOrLeavesIt) {
+    MakeBook();
+    Write(folder / "real.sql", "old");
+    std::filesystem::create_symlink("real.sql", folder / "link.sql");
+    Run("dialect=sqlite;file=" + folder / "link.sql");
+    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.sql"));
+    EXPECT_EQ(Content(folder / "real.sql"), Script("sqlite"));
+
+    std::filesystem::create_directory(folder / "folder.sql");
+    EXPECT_EQ(Failure("dialect=sqlite;file=" + folder / "folder.sql"),
+              folder / "folder.sql cannot be written: Is a directory.");
+    EXPECT_EQ(Failure("dialect=sqlite;file=" + folder / "none/none/out.sql"),
+              folder / "none/none/out.sql cannot be written: No such file or directory.");
+    for (const auto& name : folder.Names()) EXPECT_FALSE(name.ends_with(".new")) << name;
+}
+
+TEST_F(ScriptRun, TakesTheWorkspacesOwnTableOfTypes) {
+    MakeBook();
+    std::filesystem::create_directory(folder / "Options");
+    const std::string file = folder / "Options/sql_types.txt";
+    Write(file, "type | sqlite\nINTEGER | INT8\n* | TEXT\n");
+    EXPECT_NE(Script("sqlite").find("\"ISBN\" INT8"), std::string::npos);
+    Write(file, "type | sqlite\nINTEGER\n");
+    EXPECT_EQ(Failure("dialect=sqlite;file=" + folder / "out.sql"),
+              file + ", line 2: There are 1 cells where the heading has 2.");
+    EXPECT_NE(Content(folder / "out.sql").find("INT8"), std::string::npos) << "the old script is still there";
+}
+
+}  // namespace
+}  // namespace tessel::test
