@@ -63,7 +63,7 @@ void ClauseReader::ReadInto(Item& item) {
 
 std::string ClauseReader::ReadWords() {
     std::string words;
-    while (!AtEnd() && !AtClause()) words += (words.empty() ? "" : " ") + tokens_[position_++].text;
+    while (!AtEnd() && !AtClause()) AppendWord(words, tokens_[position_++]);
     return words;
 }
 

@@ -141,15 +141,16 @@ class Planner {
 
 }  // namespace
 
-std::string ColumnName(const std::string& fieldName, const Column& column) {
+std::string Plan::NameOf(const Column& column) const {
+    const std::string& name = fields[column.field].name;
     std::string suffix;
     std::size_t length = 0;
     for (const std::int64_t occurrence : column.occurrences) {
         const std::string digits = std::to_string(occurrence);
-        suffix += Separator(fieldName) + digits;
+        suffix += Separator(name) + digits;
         length += 1 + digits.size();
     }
-    return std::string(FirstCharacters(fieldName, longestName - std::min(length, longestName - 1))) + suffix;
+    return std::string(FirstCharacters(name, longestName - std::min(length, longestName - 1))) + suffix;
 }
 
 Plan MakePlan(const Item& record, const Choices& choices, Remarks& remarks) {

@@ -32,12 +32,12 @@ struct Column {
 struct Plan {
     std::vector<Field> fields;
     std::vector<Column> columns;
+
+    // The name that the column should have: its field's, cut where it must be, and each occurrence's number.
+    [[nodiscard]] std::string NameOf(const Column& column) const;
 };
 
 inline constexpr std::int64_t mostColumns = 10'000;
-
-// The name of a column: its field's, cut where it must be, and each occurrence's number.
-[[nodiscard]] std::string ColumnName(const std::string& fieldName, const Column& column);
 
 // The columns of a record, in its order; what makes none gets a remark. Throws Complaint for none at all, and
 // for too many.

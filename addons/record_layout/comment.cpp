@@ -57,9 +57,12 @@ class CommentWriter {
     }
 
     void SayConditions() {
+        constexpr std::size_t most = 50;  // the origin has them all
         std::vector<std::string> values;
-        for (const auto& condition : item_.conditions)
-            values.push_back(condition.name + " = " + condition.values);
+        for (const auto& condition : item_.conditions) {
+            values.push_back(values.size() == most ? "..." : condition.name + " = " + condition.values);
+            if (values.size() > most) break;
+        }
         if (!values.empty()) Say(Text::Values, {Joined(values, ", ")});
     }
 

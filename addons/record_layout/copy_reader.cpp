@@ -36,10 +36,7 @@ bool IsPlainName(const std::string& name) {
 // The statement's words as they might be shown.
 std::string Shown(const Tokens& statement) {
     std::string text;
-    for (const auto& token : statement) {
-        if (text.size() > 100) break;
-        text += (text.empty() ? "" : " ") + token.text;
-    }
+    for (const auto& token : statement) AppendWord(text, token);
     return Shortened(text);
 }
 

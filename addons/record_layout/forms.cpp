@@ -145,7 +145,7 @@ bool AskOptions(VNTWS& workspace, Language language, Options& options, Target& t
     return true;
 }
 
-std::optional<std::string> AskRecord(VNTWS& workspace, Language language, const Layout& layout) {
+std::optional<std::size_t> AskRecord(VNTWS& workspace, Language language, const Layout& layout) {
     Pairs choices;
     for (const auto& record : layout.records)
         choices.emplace_back(std::to_string(choices.size()), record.ShownName());
@@ -153,8 +153,7 @@ std::optional<std::string> AskRecord(VNTWS& workspace, Language language, const 
     form.AddChoice("record", Text::RecordField, "0", choices);
     const auto values = ShowForm(workspace, form.Take());
     if (!values) return {};
-    const auto chosen = static_cast<std::size_t>(ToInt32(values->At("record")));
-    return layout.records.at(chosen).ShownName();
+    return static_cast<std::size_t>(ToInt32(values->At("record")));
 }
 
 bool ShowPreview(VNTWS& workspace, Language language, const Target& target,

@@ -27,8 +27,8 @@ struct Table {
 // without a TabID.
 [[nodiscard]] bool AskOptions(VNTWS& workspace, Language language, Options& options, Target& target);
 
-// The name of the record to take.
-[[nodiscard]] std::optional<std::string> AskRecord(VNTWS& workspace, Language language, const Layout& layout);
+// The number of the record to take, from 0.
+[[nodiscard]] std::optional<std::size_t> AskRecord(VNTWS& workspace, Language language, const Layout& layout);
 
 // Shows what would be imported.
 [[nodiscard]] bool ShowPreview(VNTWS& workspace, Language language, const Target& target,

@@ -4,6 +4,7 @@
 #include <filesystem>
 
 #include "tessel/date_time.h"
+#include "tessel/error.h"
 
 namespace tessel::layout {
 
@@ -47,21 +48,18 @@ class Progress {
     std::int32_t done_ = 0;
 };
 
-void MakeTable(VNTWS& workspace, Target& target, const std::string& origin) {
-    std::string wanted = target.name;
-    target.name = workspace.GetFreeTableName(wanted);
-    if (!workspace.TableAdd(target.name, target.tabID, Null{}, Now(), createdVia, origin))
-        throw Complaint(Text::TableRefused, {wanted});
+std::int32_t MakeTable(VNTWS& workspace, const std::string& name, const std::string& origin) {
+    std::int32_t tabID = 0;
+    return workspace.TableAdd(name, tabID, Null{}, Now(), createdVia, origin) ? tabID : 0;
 }
 
-void ImportColumn(VNTWS& workspace, std::int32_t tabID, const NewColumn& column, const std::string& origin) {
+bool ImportColumn(VNTWS& workspace, std::int32_t tabID, const NewColumn& column, const std::string& origin) {
     std::string name;
     const std::int32_t columnID = workspace.ColumnImport(tabID, column.name, column.typeID, column.precision,
                                                          column.scale, Now(), createdVia, origin, name);
     // Naming the type again takes out a precision that it has no use for.
-    if (columnID < 1 || !workspace.ColumnUpdate(columnID, Missing{}, column.typeID, Missing{}, Missing{},
-                                                Missing{}, column.comment, Missing{}))
-        throw Complaint(Text::ColumnRefused, {column.name});
+    return columnID > 0 && workspace.ColumnUpdate(columnID, Missing{}, column.typeID, Missing{}, Missing{},
+                                                  Missing{}, column.comment, Missing{});
 }
 
 }  // namespace
@@ -76,16 +74,22 @@ std::string Origins::Of(Place place) const {
     return "text:" + files_[static_cast<std::size_t>(place.file)] + ":" + std::to_string(place.line);
 }
 
-std::int32_t ImportColumns(VNTWS& workspace, Target& target, const std::vector<NewColumn>& columns,
+std::int32_t ImportColumns(VNTWS& workspace, const Target& target, const std::vector<NewColumn>& columns,
                            const Origins& origins, Place recordPlace, Language language) {
+    const auto require = [&](bool isDone, Text text, const std::string& name) {
+        if (!isDone) throw Error(ErrorKind::Constraint, Phrase(language, text, {name}));
+    };
     Progress progress(workspace, Phrase(language, Text::Importing),
                       static_cast<std::int32_t>(columns.size()));
-    if (target.tabID == 0) MakeTable(workspace, target, origins.Of(recordPlace));
+    const std::int32_t tabID =
+        target.tabID != 0 ? target.tabID : MakeTable(workspace, target.name, origins.Of(recordPlace));
+    require(tabID > 0, Text::TableRefused, target.name);
     for (const auto& column : columns) {
-        ImportColumn(workspace, target.tabID, column, origins.Of(column.place));
+        require(ImportColumn(workspace, tabID, column, origins.Of(column.place)), Text::ColumnRefused,
+                column.name);
         progress.Step();
     }
-    return target.tabID;
+    return tabID;
 }
 
 }  // namespace tessel::layout

@@ -27,13 +27,13 @@ struct NewColumn {
 
 // The columns of the plan with their names and types as the workspace makes them. A name of which nothing is
 // left gets a remark and becomes "C".
-[[nodiscard]] std::vector<NewColumn> PrepareColumns(VNTWS& workspace, const Plan& plan, Remarks& remarks,
+[[nodiscard]] std::vector<NewColumn> PrepareColumns(VNTWS& workspace, Plan plan, Remarks& remarks,
                                                     Language language);
 
 // Where columns go.
 struct Target {
     std::int32_t tabID = 0;  // 0: a new table
-    std::string name;        // the workspace may put a number behind that of a new one
+    std::string name;        // of a new one: a free name
 };
 
 // The origin reference of a place: the file, from the workspace's folder on where it lies in that, and the
@@ -48,8 +48,8 @@ class Origins {
 };
 
 // Adds the columns to the table, which is made first where it is a new one, at the place of its record.
-// Returns its TabID and puts its name into the target. Throws Complaint for what the workspace refuses.
-std::int32_t ImportColumns(VNTWS& workspace, Target& target, const std::vector<NewColumn>& columns,
+// Returns its TabID. What the workspace refuses throws ErrorKind::Constraint, in the language.
+std::int32_t ImportColumns(VNTWS& workspace, const Target& target, const std::vector<NewColumn>& columns,
                            const Origins& origins, Place recordPlace, Language language);
 
 }  // namespace tessel::layout

@@ -72,10 +72,7 @@ class ItemParser {
 
     std::string TakeSentence() {
         std::string words;
-        while (!clauses_.AtEnd()) {
-            if (!words.empty()) words += ' ';
-            words += tokens_[position_++].text;
-        }
+        while (!clauses_.AtEnd()) AppendWord(words, tokens_[position_++]);
         return words;
     }
 

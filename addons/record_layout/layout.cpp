@@ -48,9 +48,14 @@ const Item& ChooseRecord(Layout& layout, const std::string& name) {
         return name.empty() || SameWord(record.ShownName(), name);
     });
     if (chosen == layout.records.end()) throw Complaint(Text::UnknownRecord, {layout.files.front(), name});
+    return ChooseRecord(layout, static_cast<std::size_t>(chosen - layout.records.begin()));
+}
+
+const Item& ChooseRecord(Layout& layout, std::size_t number) {
+    const Item& chosen = layout.records.at(number);
     for (const auto& record : layout.records)
-        if (&record != &*chosen) layout.remarks.Add(record.place, Text::OtherRecord, {record.ShownName()});
-    return *chosen;
+        if (&record != &chosen) layout.remarks.Add(record.place, Text::OtherRecord, {record.ShownName()});
+    return chosen;
 }
 
 }  // namespace tessel::layout

@@ -24,5 +24,6 @@ struct Layout {
 // The record of this name, or the first one for an empty name; the others get a remark. Throws Complaint when
 // there is no such record.
 [[nodiscard]] const Item& ChooseRecord(Layout& layout, const std::string& name);
+[[nodiscard]] const Item& ChooseRecord(Layout& layout, std::size_t number);  // from 0
 
 }  // namespace tessel::layout

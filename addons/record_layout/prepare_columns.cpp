@@ -7,12 +7,6 @@ namespace tessel::layout {
 
 namespace {
 
-// What columns of one field share.
-struct PreparedField {
-    std::string name;
-    ColumnType type;
-};
-
 std::string FieldName(VNTWS& workspace, const Field& field, Remarks& remarks) {
     Value noCaret = Missing{};
     std::string name = workspace.SQLID(field.name, noCaret);
@@ -21,27 +15,26 @@ std::string FieldName(VNTWS& workspace, const Field& field, Remarks& remarks) {
     return "C";
 }
 
-std::vector<PreparedField> PrepareFields(VNTWS& workspace, const SqlTypeList& types, const Plan& plan,
-                                         Remarks& remarks, Language language) {
-    std::vector<PreparedField> fields;
+std::vector<ColumnType> FieldTypes(VNTWS& workspace, const SqlTypeList& types, const Plan& plan,
+                                   Language language) {
+    std::vector<ColumnType> chosen;
     for (const auto& field : plan.fields)
-        fields.push_back(
-            {FieldName(workspace, field, remarks), ChooseType(workspace, types, *field.item, language)});
-    return fields;
+        chosen.push_back(ChooseType(workspace, types, *field.item, language));
+    return chosen;
 }
 
 }  // namespace
 
-std::vector<NewColumn> PrepareColumns(VNTWS& workspace, const Plan& plan, Remarks& remarks,
-                                      Language language) {
+std::vector<NewColumn> PrepareColumns(VNTWS& workspace, Plan plan, Remarks& remarks, Language language) {
     const SqlTypeList types(workspace);
-    const std::vector<PreparedField> fields = PrepareFields(workspace, types, plan, remarks, language);
+    const std::vector<ColumnType> fieldTypes = FieldTypes(workspace, types, plan, language);
+    for (auto& field : plan.fields) field.name = FieldName(workspace, field, remarks);
     FreeNames names;
     std::vector<NewColumn> columns;
     for (const auto& column : plan.columns) {
         const Field& field = plan.fields[column.field];
-        const auto& [name, type] = fields[column.field];
-        columns.push_back({.name = names.Take(ColumnName(name, column)),
+        const ColumnType& type = fieldTypes[column.field];
+        columns.push_back({.name = names.Take(plan.NameOf(column)),
                            .typeID = type.typeID,
                            .precision = type.precision,
                            .scale = type.scale,

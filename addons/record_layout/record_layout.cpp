@@ -52,18 +52,24 @@ class ToolRun {
     // What was done; nothing when the user cancelled.
     std::optional<std::string> Import() {
         Layout layout = ReadLayout(options_.file, options_.format, ReadWholeFile);
-        std::string name = options_.record;
-        if (name.empty() && layout.records.size() > 1 && options_.hasPreview) {
-            const auto chosen = AskRecord(workspace_, language_, layout);
-            if (!chosen) return {};
-            name = *chosen;
-        }
-        return Import(layout, ChooseRecord(layout, name));
+        if (!options_.record.empty() || layout.records.size() == 1 || !options_.hasPreview)
+            return Import(layout, ChooseRecord(layout, options_.record));
+        const auto chosen = AskRecord(workspace_, language_, layout);
+        if (!chosen) return {};
+        return Import(layout, ChooseRecord(layout, *chosen));
+    }
+
+    Target TargetFor(const Item& record) {
+        Target target = target_;
+        if (target.tabID != 0) return target;
+        std::string wanted = target.name.empty() ? record.ShownName() : target.name;
+        target.name = workspace_.GetFreeTableName(wanted);
+        if (target.name.empty()) throw Complaint(Text::TableRefused, {wanted});
+        return target;
     }
 
     std::optional<std::string> Import(Layout& layout, const Item& record) {
-        Target target = target_;
-        if (target.name.empty()) target.name = record.ShownName();
+        const Target target = TargetFor(record);
         const Plan plan = MakePlan(record, options_.choices, layout.remarks);
         const auto columns = PrepareColumns(workspace_, plan, layout.remarks, language_);
         const auto report = ReportLines(layout, language_);

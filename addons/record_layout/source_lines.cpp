@@ -119,7 +119,7 @@ class Joiner {
     }
 
     void Append(std::string_view code, bool isContinuation) {
-        if (IsListingWord(code)) return;
+        if (Trimmed(code).empty() || IsListingWord(code)) return;
         const std::size_t width = ColumnCount(code);
         if (isContinuation)
             code = Continue(code);

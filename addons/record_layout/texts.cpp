@@ -105,7 +105,7 @@ constexpr std::array<Row, static_cast<std::size_t>(Text::Count)> rows{{
     {Text::InitialValue, {"initial value %1", "初期値 %1", "초기값 %1"}},
     {Text::Values, {"values: %1", "値: %1", "값: %1"}},
 
-    {Text::Title, {"Record Layout Import", "レコード定義の取り込み", "레코드 정의 가져오기"}},
+    {Text::Title, {"Record Layout Import", "レコード レイアウトの取り込み", "레코드 레이아웃 가져오기"}},
     {Text::FileField, {"&File:", "ファイル(&F):", "파일(&F):"}},
     {Text::FileFilter,
      {"Copybooks (*.cpy *.CPY *.cbl *.CBL *.cob *.COB);;All files (*)",

@@ -114,6 +114,13 @@ Tokens TokenizePseudoText(const Token& pseudoText, Remarks& remarks) {
     return Scanner(source, pseudoText.place, remarks).Scan();
 }
 
+void AppendWord(std::string& words, const Token& word) {
+    constexpr std::size_t longest = 1'000;
+    if (words.size() > longest) return;
+    if (!words.empty()) words += ' ';
+    words += FirstCharacters(word.text, longest);
+}
+
 bool SameWord(std::string_view left, std::string_view right) {
     return std::ranges::equal(left, right, {}, UpperCase, UpperCase);
 }

@@ -29,6 +29,9 @@ inline constexpr std::size_t longestWord = 255;  // bytes; longer ones are left 
 // The words of a pseudo-text, all at its own place.
 [[nodiscard]] Tokens TokenizePseudoText(const Token& pseudoText, Remarks& remarks);
 
+// Adds the word behind the others, as long as they are not too many to be shown.
+void AppendWord(std::string& words, const Token& word);
+
 [[nodiscard]] bool SameWord(std::string_view left, std::string_view right);  // ASCII case ignored
 [[nodiscard]] bool Is(const Token& token, std::string_view word);
 [[nodiscard]] bool SameToken(const Token& left, const Token& right);  // the case of words ignored

@@ -117,7 +117,10 @@ class Namer {
         for (std::size_t i = 0; i < names_.size(); ++i) {
             UniqueNames ofTable(dialect_);
             std::unordered_set<std::string> indexNames;
-            for (const auto& name : names_[i].indexes) indexNames.insert(LowerAscii(ofTable.Take(name)));
+            for (std::size_t j = 0; j < names_[i].indexes.size(); ++j) {
+                indexNames.insert(LowerAscii(names_[i].indexes[j]));
+                if (schema_.tables[i].indexes[j].isPrimary) ofTable.Take(names_[i].indexes[j]);
+            }
             for (std::size_t j = 0; j < names_[i].keys.size(); ++j) {
                 const std::string& name = schema_.tables[i].keys[j].name;
                 std::string& given = names_[i].keys[j];

@@ -42,7 +42,7 @@ constexpr std::array<std::array<const char*, 3>, static_cast<std::size_t>(Text::
     {"The first line must be a heading of \"type\" and the dialects, which lacks \"%1\".",
      "先頭行は「type」と各データベースの見出しでなければなりません。「%1」がありません。",
      "첫 줄은 \"type\"과 각 데이터베이스의 머리글이어야 합니다. \"%1\"이(가) 없습니다."},
-    {"There are %1 cells where the heading has %2.", "セルが %1 個ありますが、見出しは %2 個です。",
+    {"The line has %1 cell(s), the heading %2.", "セルが %1 個ありますが、見出しは %2 個です。",
      "셀이 %1개인데 머리글은 %2개입니다."},
     {"The type %1 has a line already.", "型 %1 の行はすでにあります。", "형식 %1의 줄이 이미 있습니다."},
     {"\"%1\" is no type; between braces there may only be {p} and {s}, in parentheses.",

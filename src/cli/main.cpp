@@ -78,7 +78,8 @@ class Program {
         open->add_option("--picture", window_.picture,
                          "Write a picture (PNG) of the window to this file and close");
         app_.final_callback([this, open] {
-            if (app_.get_subcommands().empty() || *open) exitCode_ = tessel::OpenCommand(session_, path_, window_);
+            if (app_.get_subcommands().empty() || *open)
+                exitCode_ = tessel::OpenCommand(session_, path_, window_);
         });
     }
 

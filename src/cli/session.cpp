@@ -29,8 +29,8 @@ std::unique_ptr<Session> OpenSession(const SessionOptions& options) {
     const std::string project = folder.ChooseProject(options.project);
 
     auto session = std::make_unique<Session>();
-    session->frontend =
-        std::make_shared<workbench::StandAloneFrontend>(std::move(folder), project, share, LanguageOf(options));
+    session->frontend = std::make_shared<workbench::StandAloneFrontend>(std::move(folder), project, share,
+                                                                        LanguageOf(options));
     session->state.programFolder = InstalledFolder("libexec");
     session->state.texts = TextsFor(options);
     session->state.codePage = std::make_shared<text::CodePage>(text::CodePage::FromEnvironment());

@@ -1,15 +1,13 @@
 #pragma once
 
 #include <memory>
-#include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
 
+#include "lines/keyed_items.h"
 #include "tessel/object.h"
 
 namespace tessel {
-
-using Json = nlohmann::ordered_json;
 
 // How objects stand in lines. The side that has an object gives it a handle; the other side has a stand-in
 // for it, which it passes back as the handle.

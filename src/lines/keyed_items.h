@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <iterator>
 #include <nlohmann/json.hpp>
@@ -18,10 +19,10 @@ class KeyedItems : public nlohmann::ordered_map<Key, Item, Less, Allocator> {
     using List = typename Base::Container;
 
   public:
+    using Base::Base;
     using typename Base::const_iterator;
     using typename Base::iterator;
     using typename Base::size_type;
-    using Base::Base;
 
     template <class Name>
     std::pair<iterator, bool> emplace(Name&& name, Item&& item) {

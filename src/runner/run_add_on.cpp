@@ -8,6 +8,7 @@
 #include "runner/talk_with_tool.h"
 #include "runner/trusted_path.h"
 #include "schema/activity.h"
+#include "schema/sql_text.h"
 #include "verify/db_check.h"
 
 namespace tessel {
@@ -23,11 +24,18 @@ constexpr int keepText = 2723;
 constexpr std::int32_t noTable = -1;
 
 // A caption as a text says it: without the mark of a mnemonic, or the letter "(&N)" that stands for one.
-std::string WithoutMnemonic(std::string caption) {
-    const auto letter = caption.find("(&");
-    if (letter != std::string::npos && caption.substr(letter + 3, 1) == ")") caption.erase(letter, 4);
-    std::erase(caption, '&');
-    return caption;
+std::string WithoutMnemonic(std::string_view caption) {
+    std::string plain;
+    for (std::size_t i = 0; i < caption.size(); ++i) {
+        const auto rest = caption.substr(i);
+        if (rest.size() > 3 && rest.starts_with("(&") && rest[3] == ')') {
+            i += 3;
+            continue;
+        }
+        if (rest[0] == '&') ++i;  // what follows stands for itself
+        if (i < caption.size()) plain += caption[i];
+    }
+    return plain;
 }
 
 std::vector<std::string> CommandOf(const ComponentState& state, const AddOnEntry& entry) {
@@ -55,19 +63,18 @@ class QuestionsInstead {
 class AddOnRun {
   public:
     AddOnRun(ComponentState& state, const AddOnEntry& entry, const RunSettings& settings)
-        : state_(state), entry_(entry), settings_(settings), caption_(WithoutMnemonic(entry.caption)) {}
+        : state_(state),
+          entry_(entry),
+          settings_(settings),
+          caption_(WithoutMnemonic(entry.caption)),
+          database_(state.database),
+          window_(state.window) {}
 
     RunEnd Do(Value& result) {
         RunEnd end = RunEnd::Failed;
         TellingFailure([&] {
-            const std::string reference = state_.window->CVRL();
-            if (entry_.verify && !IsFreeOfErrors()) {
-                end = RunEnd::NotVerified;
-                return;
-            }
-            TellingFailure([&] {
-                if (RunTool(result)) end = RunEnd::Succeeded;
-            });
+            const std::string reference = window_->CVRL();
+            TellingFailure([&] { end = Attempt(result); });
             LeaveWindow(end, reference);
         });
         return end;
@@ -84,6 +91,11 @@ class AddOnRun {
         }
     }
 
+    RunEnd Attempt(Value& result) {
+        if (entry_.verify && !IsFreeOfErrors()) return RunEnd::NotVerified;
+        return RunTool(result) ? RunEnd::Succeeded : RunEnd::Failed;
+    }
+
     bool IsFreeOfErrors() {
         WorkspaceOf(state_)->Verify();
         if (DBCheck(state_).StoredErrors().empty()) return true;
@@ -96,11 +108,11 @@ class AddOnRun {
     bool RunTool(Value& result) {
         const auto command = CommandOf(state_, entry_);
         HandOver();
-        db::Transaction transaction(state_.Database());
-        const auto changesBefore = state_.Database().ChangeCount();
+        db::Transaction transaction(*database_);
+        const auto changesBefore = database_->ChangeCount();
         hasChanged_ = true;  // until it is known better: also when it fails in the middle of a change
         ToolEnd end = Talk(command);
-        hasChanged_ = state_.Database().ChangeCount() != changesBefore;
+        hasChanged_ = database_->ChangeCount() != changesBefore;
         const bool hasSucceeded = end.kind == ToolEnd::Kind::Succeeded;
         if (!hasSucceeded) TellFailure(end.reason);
         if (!hasSucceeded && !(hasChanged_ && KeepsChanges(end))) return false;
@@ -140,7 +152,7 @@ class AddOnRun {
     }
 
     void TellFailure(const std::string& reason) {
-        Note(state_, activityText, {caption_}, state_.texts->Format(failedResultText, {reason}));
+        Note(state_, activityText, {caption_}, state_.texts->Format(failedResultText, {FlattenText(reason)}));
         state_.questions->Show(
             {.text = state_.texts->Format(failedText, {caption_ + "\r", entry_.progID + "\r", entry_.param}),
              .title = state_.Title(),
@@ -149,22 +161,24 @@ class AddOnRun {
     }
 
     void LeaveWindow(RunEnd end, const std::string& reference) {
-        ToolWindow& window = *state_.window;
-        window.FinishProgress();
+        window_->FinishProgress();
         if (hasChanged_) {  // and the change was dropped
-            window.RefreshBrowser();
+            window_->RefreshBrowser();
             DBCheck(state_).LoadErrors();
         }
         const std::int32_t selected = WorkspaceOf(state_)->SelectedTabID();
         if (end == RunEnd::Succeeded && selected != noTable)
-            window.SelectTable("t" + std::to_string(selected));
-        window.SetCVRL(reference);
+            window_->SelectTable("t" + std::to_string(selected));
+        window_->SetCVRL(reference);
     }
 
     ComponentState& state_;
     const AddOnEntry& entry_;
     const RunSettings& settings_;
     std::string caption_;
+    // Held, so that they outlast a window that closes meanwhile.
+    std::shared_ptr<db::Database> database_;
+    std::shared_ptr<ToolWindow> window_;
     bool hasChanged_ = false;  // the database, and the change is not kept
 };
 

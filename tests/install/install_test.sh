@@ -9,6 +9,8 @@ trap 'rm -rf "$work"' EXIT
 prefix=$work/prefix
 export XDG_CONFIG_HOME=$work/config LC_ALL=C.UTF-8 QT_QPA_PLATFORM=offscreen
 unset XDG_DATA_HOME
+mkdir -m 700 "$work/run"
+export XDG_RUNTIME_DIR=$work/run
 
 # Expect WHAT TEXT COMMAND...: the command must succeed and print a line that matches the pattern TEXT.
 Expect() {

@@ -138,10 +138,12 @@ TEST_F(RunningAddOns, ThatCannotStartSaySo) {
         {"None", "There is no class with the identifier \"None\"."}, {"Gone", "/gone cannot be examined"}};
     for (const auto& [progID, reason] : cases) {
         entry.progID = progID;
+        entry.caption = "ツール(&T) && so";
         EXPECT_EQ(RunEntry(), RunEnd::Failed);
         const auto asked = questions->TakeAsked();
         ASSERT_EQ(asked.size(), 1U);
-        EXPECT_EQ(asked[0].text, "Failed to start N Tool\rProgID: " + std::string(progID) + "\rParam: x=1");
+        EXPECT_EQ(asked[0].text,
+                  "Failed to start ツール & so\rProgID: " + std::string(progID) + "\rParam: x=1");
         EXPECT_EQ(asked[0].icon, host::Icon::Critical);
         EXPECT_NE(asked[0].detail.find(reason), std::string::npos) << asked[0].detail;
     }
@@ -176,6 +178,16 @@ TEST_F(RunningAddOns, ThatFailLeaveTheirChangesToTheUser) {
         EXPECT_EQ(std::ranges::count(notes, "finish"), 1);
         (void)questions->TakeAsked();
         Db().Execute("delete from Tables");
+    }
+}
+
+TEST_F(RunningAddOns, CannotEndTheirTransaction) {
+    for (const char* statement : {"commit", "end", "rollback", "release level0", "begin"}) {
+        const std::string execute =
+            std::string(R"(call '{"on":"ProjectDB","member":"Execute","args":[")") + statement + "\"]}'\n";
+        EXPECT_EQ(Run(addBook + execute + addBook + failing, OnFailure::Drop), RunEnd::Failed);
+        EXPECT_TRUE(Tables().empty()) << statement;
+        EXPECT_EQ(Reason(), "no paper");
     }
 }
 

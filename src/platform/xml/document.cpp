@@ -6,6 +6,7 @@
 
 #include "platform/files/file_service.h"
 #include "platform/text/utf8.h"
+#include "platform/xml/characters.h"
 #include "platform/xml/query.h"
 #include "tessel/error.h"
 
@@ -42,11 +43,22 @@ void RequireOneRoot(const pugi::xml_document& document, std::string_view text, s
     }
 }
 
-void RequireShallow(const pugi::xml_document& document, std::string_view text, std::string_view name) {
+bool CanBeHeld(const pugi::xml_node& node) {
+    const auto isHeld = [](const pugi::xml_attribute& attribute) {
+        return xml::CanBeHeld(attribute.name()) && xml::CanBeHeld(attribute.value());
+    };
+    return xml::CanBeHeld(node.name()) && xml::CanBeHeld(node.value()) &&
+           std::ranges::all_of(node.attributes(), isHeld);
+}
+
+// What is read can be walked, and written again.
+void CheckNodes(const pugi::xml_document& document, std::string_view text, std::string_view name) {
     int depth = 1;
     for (auto node = document.first_child(); node;) {
         if (depth > deepest && node.type() == pugi::node_element)
             FailAt(name, text, node.offset_debug(), "the document is nested too deeply");
+        if (!CanBeHeld(node))
+            FailAt(name, text, node.offset_debug(), "the document holds a control character");
         if (node.first_child()) {
             node = node.first_child();
             ++depth;
@@ -79,7 +91,7 @@ Document Document::Parse(std::string_view text, std::string_view name) {
         FailAt(name, text, 0, "the document is not in UTF-8");
     }
     RequireOneRoot(document, text, name);
-    RequireShallow(document, text, name);
+    CheckNodes(document, text, name);
     return parsed;
 }
 

@@ -46,8 +46,8 @@ class Document {
     Document(Document&&) noexcept;
     Document& operator=(Document&&) noexcept;
 
-    // Throw ErrorKind::Xml, saying file (or `name`), line and reason, also where elements are nested more
-    // than 200 deep; Load also ErrorKind::File.
+    // Throw ErrorKind::Xml, saying file (or `name`), line and reason, also for control characters and for
+    // elements nested more than 200 deep; Load also ErrorKind::File.
     [[nodiscard]] static Document Load(const std::string& path);
     [[nodiscard]] static Document Parse(std::string_view text, std::string_view name);
 

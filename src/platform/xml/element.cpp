@@ -1,7 +1,6 @@
-#include <algorithm>
 #include <pugixml.hpp>
 
-#include "platform/text/utf8.h"
+#include "platform/xml/characters.h"
 #include "platform/xml/document.h"
 #include "platform/xml/query.h"
 #include "tessel/error.h"
@@ -16,13 +15,8 @@ pugi::xml_node ExistingNode(void* node) {
     return Node(node);
 }
 
-bool IsHeldByXml(char letter) {
-    const auto byte = static_cast<unsigned char>(letter);
-    return byte >= 0x20 || letter == '\t' || letter == '\n' || letter == '\r';
-}
-
 void CheckValue(std::string_view name, std::string_view value) {
-    if (text::IsValidUtf8(value) && std::ranges::all_of(value, IsHeldByXml)) return;
+    if (CanBeHeld(value)) return;
     throw Error(ErrorKind::Xml, "The value for \"" + std::string(name) +
                                     "\" holds a control character or is not UTF-8, which XML cannot hold.");
 }

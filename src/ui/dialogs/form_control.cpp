@@ -28,7 +28,7 @@ using Place = FormControl::Place;
 constexpr int browseText = 2740;
 
 // In characters.
-constexpr int lineWidth = 40;
+constexpr int lineWidth = 32;
 constexpr int choiceWidth = 16;
 constexpr int widestNote = 100;
 constexpr int widestColumn = 40;

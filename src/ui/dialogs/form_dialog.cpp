@@ -12,7 +12,7 @@ namespace tessel {
 
 namespace {
 
-constexpr int longCaption = 60;  // characters
+constexpr int longCaption = 40;  // characters
 
 // As large as what it scrolls, where the screen has the room.
 class FormArea : public QScrollArea {
@@ -28,7 +28,7 @@ class FormArea : public QScrollArea {
   private:
     [[nodiscard]] QSize Bounded(QSize page) const {
         page.rwidth() += style()->pixelMetric(QStyle::PM_ScrollBarExtent);
-        return page.boundedTo(screen()->availableSize() * 2 / 3);
+        return page.boundedTo(screen()->availableSize() * 3 / 4);
     }
 };
 
@@ -48,12 +48,11 @@ FormDialog::FormDialog(ComponentState& state, const host::Form& form, QWidget* o
     auto* page = new QWidget;
     auto* rows = new QFormLayout(page);
     rows->setContentsMargins({});
-    rows->setRowWrapPolicy(QFormLayout::WrapLongRows);
     rows->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
     if (!form.text.empty()) rows->addRow(ValueLabel("lblText", Caption(form.text)));
     for (const auto& field : form.fields) Add(*rows, field);
     Body().addWidget(new FormArea(page));
-    if (!controls_.empty()) controls_.front().second.widget->setFocus();
+    if (!controls_.empty()) controls_.front().second.widget->setFocus(Qt::TabFocusReason);
 }
 
 void FormDialog::Add(QFormLayout& page, const host::FormField& field) {

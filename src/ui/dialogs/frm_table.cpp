@@ -24,7 +24,6 @@ constexpr int storageText = 2007;
 bool frmTable::Edit(ComponentState& state, QWidget* owner, std::int32_t tableId, std::string& comment) {
     auto rules = TableDialog::Open(state, tableId);
     if (!rules || !frmTable(state, owner, *rules).Run()) return false;
-    rules->Write();
     comment = rules->comment;
     return true;
 }
@@ -65,7 +64,7 @@ QWidget* frmTable::CommentsPage() {
 bool frmTable::Confirm() {
     rules_.storageOption = txtStorage_->text().toStdString();
     rules_.comment = txtComment_->Text();
-    return true;
+    return rules_.Write();
 }
 
 }  // namespace tessel

@@ -40,11 +40,12 @@ std::optional<TableDialog> TableDialog::Open(ComponentState& state, std::int32_t
     return dialog;
 }
 
-void TableDialog::Write() {
+bool TableDialog::Write() {
     const bool written =
         WorkspaceOf(*state_)->TableUpdate(tableId_, Missing{}, storageOption, comment, Missing{});
     Note(*state_, propertiesActivity, {tableName}, written ? Outcome::Done : Outcome::Refused);
     if (!written) Tell(*state_, state_->texts->Format(cannotChangeText, {tableName}), host::Icon::Critical);
+    return written;
 }
 
 }  // namespace tessel

@@ -22,8 +22,9 @@ class TableDialog {
     std::string storageOption;
     std::string comment;
 
-    // Stores the storage option and the comment as they now stand. The user is told when they cannot be.
-    void Write();
+    // Stores the storage option and the comment as they now stand; false, after a message, when they cannot
+    // be.
+    [[nodiscard]] bool Write();
 
   private:
     TableDialog(ComponentState& state, std::int32_t tableId) : state_(&state), tableId_(tableId) {}

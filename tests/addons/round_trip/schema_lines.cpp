@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/db/database.h"
+#include "platform/text/utf8.h"
 
 namespace tessel::test {
 
@@ -35,9 +36,15 @@ class Reader {
              row.Next();)
             lines_.push_back(table.Text("TableName") + "." + std::to_string(++place) + " " +
                              row.Text("ColumnName") + " " + TypeOf(row) +
-                             (row.Boolean("IsNullable") ? "" : "!") +
-                             (row["DefaultValue"].IsNull() ? "" : " = " + row.Text("DefaultValue")) +
+                             (row.Boolean("IsNullable") ? "" : "!") + DefaultOf(row) +
                              Braced(row.Text("Comments")));
+    }
+
+    // That of a Boolean means the same in any letter case.
+    static std::string DefaultOf(const db::Query& row) {
+        if (row["DefaultValue"].IsNull()) return "";
+        const std::string value = row.Text("DefaultValue");
+        return " = " + (row.Text("SourceTypeName") == "BOOLEAN" ? text::LowerAscii(value) : value);
     }
 
     static std::string TypeOf(const db::Query& row) {

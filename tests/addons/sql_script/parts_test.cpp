@@ -67,7 +67,7 @@ TEST(TypeTable, SaysWhereItIsDamaged) {
         {"", "t, line 0: The first line must be a heading"},
         {"DATE | date\n", "t, line 1: The first line must be a heading"},
         {"type | postgresql\n", "t, line 1: The first line must be a heading"},
-        {heading + "DATE | date\n", "t, line 3: There are 2 cells where the heading has 3."},
+        {heading + "DATE | date\n", "t, line 3: The line has 2 cell(s), the heading 3."},
         {heading + "DATE | date | d\n* | t | t\ndate | d | d\n",
          "t, line 5: The type date has a line already."},
         {heading + "DATE | | DATE\n", "t, line 3: \"\" is no type"},

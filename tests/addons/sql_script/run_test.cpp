@@ -95,7 +95,7 @@ TEST_F(ScriptRun, TakesTheWorkspacesOwnTableOfTypes) {
     EXPECT_NE(Script("sqlite").find("\"ISBN\" INT8"), std::string::npos);
     Write(file, "type | sqlite\nINTEGER\n");
     EXPECT_EQ(Failure("dialect=sqlite;file=" + folder / "out.sql"),
-              file + ", line 2: There are 1 cells where the heading has 2.");
+              file + ", line 2: The line has 1 cell(s), the heading 2.");
     EXPECT_NE(Content(folder / "out.sql").find("INT8"), std::string::npos) << "the old script is still there";
 }
 

@@ -26,11 +26,14 @@ TEST_F(TransactionTest, KeepsOrUndoesEachLevel) {
         {
             Transaction outer(*database);
             Insert(*database, "a");
+            const auto changes = database->ChangeCount();
             {
                 Transaction inner(*database);
                 Insert(*database, "b");
+                EXPECT_GT(database->ChangeCount(), changes);
                 if (test.inner) inner.Commit();
             }
+            EXPECT_EQ(database->ChangeCount() != changes, test.inner);
             Insert(*database, "c");
             if (test.outer) outer.Commit();
         }

@@ -24,6 +24,8 @@ TEST(Document, DamagedTextIsRefusedWithItsLine) {
         {"<a>\n<b x='1'", "test.xml, line 2:"},
         {"<a>\n</a>tail", "test.xml, line 2:"},
         {"<a x='\xE9'/>", "test.xml, line 1:"},
+        {"<a>\n<b x='&#1;'/></a>", "test.xml, line 2:"},
+        {"<a>\n\n&#x1f;</a>", "test.xml, line 1:"},
         {std::string_view("<a>\n<b x='\0'/></a>", 18), "test.xml, line 2:"},
     };
     for (const auto& [text, fault] : cases)

@@ -5,10 +5,12 @@
 #include <QAccessible>
 #include <QAction>
 #include <QApplication>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include "support/temporary_folder.h"
@@ -121,6 +123,14 @@ TEST_F(DiagramTest, OffersItsBoxesAndLinks) {
               (QVariantMap{{"key", "k1"}, {"caption", "FK_CITY"}, {"from", "t2"}, {"to", "t1"}}));
     diagram.setProperty("zoom", 5000);
     EXPECT_EQ(diagram.property("zoom").toInt(), 1000);
+}
+
+TEST_F(DiagramTest, AToolTipTakesNothingForMarkup) {
+    diagram.SetBoxCaption("t1", "<b>A</b>");
+    const QPoint place = Middle("t1");
+    QHelpEvent event(QEvent::ToolTip, place, view.viewport()->mapToGlobal(place));
+    QApplication::sendEvent(view.viewport(), &event);
+    EXPECT_EQ(QToolTip::text(), "<p>&lt;b&gt;A&lt;/b&gt;</p>");
 }
 
 TEST_F(DiagramTest, TheMouseSelectsAndSaysWhatItHit) {

@@ -20,22 +20,22 @@ using Kind = FormField::Kind;
 class FormDialogTest : public DialogTest {
   protected:
     // What the form gives when `act` has used it; "cancelled" when it gives nothing.
-    std::string Filled(const host::Form& form, const std::function<void()>& act) {
+    std::string Filled(const host::Form& shown, const std::function<void()>& act) {
         const auto values = Use(
-            "frmForm", [&] { return FormDialog(state, form, nullptr).Fill(); }, act);
+            "frmForm", [&] { return FormDialog(state, shown, nullptr).Fill(); }, act);
         if (!values) return "cancelled";
-        std::string shown;
+        std::string given;
         for (const auto& [key, value] : *values)
-            shown += key + '=' + (value.IsNull() ? "Null" : ToText(value)) + ';';
-        return shown;
+            given += key + '=' + (value.IsNull() ? "Null" : ToText(value)) + ';';
+        return given;
     }
-    std::string Confirmed(const host::Form& form) {
-        return Filled(form, [this] { Click("cmdOK"); });
+    std::string Confirmed(const host::Form& shown) {
+        return Filled(shown, [this] { Click("cmdOK"); });
     }
     // Chooses in the dialog that the button opens, which must start with `start`.
     void Browse(const char* button, const QString& start, const QString& chosen) {
-        WhenOpen("fileDialog", [=](QWidget& window) {
-            auto& dialog = dynamic_cast<QFileDialog&>(window);
+        WhenOpen("fileDialog", [=](QWidget& box) {
+            auto& dialog = dynamic_cast<QFileDialog&>(box);
             EXPECT_EQ(dialog.selectedFiles().value(0), start);
             dialog.findChild<QLineEdit*>()->setText(chosen);
             QTest::keyClick(dialog.findChild<QLineEdit*>(), Qt::Key_Return);
@@ -96,7 +96,7 @@ TEST_F(FormDialogTest, WhatIsNotTouchedKeepsItsValueAndWhatIsTypedIsGiven) {
 
 TEST_F(FormDialogTest, FilesAreChosenFromTheWorkspaceOn) {
     const std::string input = folder / "in.cpy";
-    files::WriteFile(input, "");
+    Write(input, "");
     const QString start = QString::fromStdString(folder.Path()) + '/';
     const auto fill = [&] {
         Browse("f_browse", start + "in.cpy", start + "in.cpy");

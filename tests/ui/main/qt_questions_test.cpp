@@ -15,7 +15,12 @@ using host::Answer;
 using host::Buttons;
 using host::Icon;
 
-TEST(QtQuestionsTest, AMessageBoxShowsItsIconAndReturnsTheButton) {
+class QtQuestionsTest : public testing::Test {
+  protected:
+    ComponentState state;
+};
+
+TEST_F(QtQuestionsTest, AMessageBoxShowsItsIconAndReturnsTheButton) {
     struct {
         Icon icon;
         Buttons buttons;
@@ -42,7 +47,7 @@ TEST(QtQuestionsTest, AMessageBoxShowsItsIconAndReturnsTheButton) {
     }
 }
 
-TEST(QtQuestionsTest, NamesAreNeverMarkup) {
+TEST_F(QtQuestionsTest, NamesAreNeverMarkup) {
     QStringList shown;
     WhenOpen("messageBox", [&](QWidget& window) {
         for (const QLabel* label : window.findChildren<QLabel*>()) {
@@ -57,8 +62,8 @@ TEST(QtQuestionsTest, NamesAreNeverMarkup) {
     EXPECT_EQ(shown, (QStringList{"<i>why</i>", "Drop <b>T</b>\nand U\nnow?"}));
 }
 
-TEST(QtQuestionsTest, TheInputDialogReturnsWhatWasTyped) {
-    const auto ask = [](const QString& typed, QDialogButtonBox::StandardButton button) {
+TEST_F(QtQuestionsTest, TheInputDialogReturnsWhatWasTyped) {
+    const auto ask = [this](const QString& typed, QDialogButtonBox::StandardButton button) {
         WhenOpen("inputDialog", [=](QWidget& dialog) {
             auto& field = *dialog.findChild<QLineEdit*>("txtInput");
             EXPECT_EQ(field.text(), "old");

@@ -28,11 +28,11 @@ CREATE TABLE "line" (
   "blob" BLOB,
   "code" CHAR(3) NOT NULL DEFAULT '',
   CONSTRAINT "line_pkey" PRIMARY KEY ("number", "order"),
-  CONSTRAINT "a_name_of_sixty_three_letters_which_is_as_long_as_a_server_takes" FOREIGN KEY ("order")
+  CONSTRAINT "a_name_of_sixty_three_letters_that_is_as_long_as_a_server_takes" FOREIGN KEY ("order")
     REFERENCES "order" ("select") ON DELETE CASCADE,
   CONSTRAINT "line_lease" FOREIGN KEY ("lease", "scope") REFERENCES "lease" ("id", "scope") ON DELETE RESTRICT
 );
-CREATE INDEX "line_lease_idx" ON "line" ("lease", "scope");
+CREATE INDEX "line_lease" ON "line" ("lease", "scope");
 CREATE TABLE "lease" (
   "id" BIGINT NOT NULL,
   "scope" VARCHAR(128) NOT NULL,
