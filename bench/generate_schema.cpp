@@ -2,9 +2,13 @@
 
 #include <sqlite3.h>
 
+#include <filesystem>
 #include <stdexcept>
 
+#include "engine/tessel_engine.h"
 #include "platform/files/file_service.h"
+#include "workbench/stand_alone_frontend.h"
+#include "workbench/stored_repository.h"
 
 namespace tessel::bench {
 
@@ -28,24 +32,25 @@ constexpr const char* schema = R"(
 insert into Tables (TabID, TableName, Comments, PrimaryIndexID, Created)
     select n, printf('TABLE_%05d', n), printf('What table %d is for', n), 3 * n - 2, '2026-01-31T10:00:00' from T;
 insert into Columns (ColumnID, TabID, ColumnName, Position, TypeID, Precision, Scale, IsNullable, Comments, Created)
-    select 20 * T.n + C.n - 20, T.n, printf('COLUMN_%02d', C.n), C.n,
-           case when C.n in (1, 6) then 4 when C.n in (2, 7) then 12 when C.n in (3, 8) then 5 else C.n % 4 * 3 + 3 end,
-           case when C.n in (2, 7) then 40 when C.n > 8 and C.n % 4 in (0, 3) then 12 else 0 end, 0,
-           C.n > 8, printf('What column %d is for', C.n), '2026-01-31T10:00:00' from T, C;
+    select 8 * T.n + C.n - 8, T.n, printf('COLUMN_%02d', C.n), C.n,
+           case C.n when 1 then 4 when 6 then 4 when 2 then 12 when 7 then 12 when 4 then 3 when 5 then 12 else 5 end,
+           case C.n when 2 then 40 when 7 then 40 when 4 then 12 when 5 then 80 else 0 end, 0,
+           C.n in (4, 5), printf('What column %d is for', C.n), '2026-01-31T10:00:00' from T, C;
 insert into Indices (IndexID, TabID, IndexName, [Unique])
     select 3 * T.n + I.n - 3, T.n, case I.n when 1 then 'PrimaryKey' else printf('INDEX_%d', I.n) end, I.n < 3
     from T, C as I where I.n <= 3;
 insert into IndexColumns (IndexID, ColumnID, Position, Direction)
-    select IndexID, 20 * TabID - 20 + P.n, 1, 'A' from Indices, C as P where P.n = (IndexID - 1) % 3 + 1;
+    select IndexID, 8 * TabID - 8 + P.n, 1, 'A' from Indices, C as P where P.n = (IndexID - 1) % 3 + 1;
 insert into IndexColumns (IndexID, ColumnID, Position, Direction)
-    select IndexID, 20 * TabID - 17, 2, 'A' from Indices where (IndexID - 1) % 3 = 1;
-insert into ForeignKeys (KeyID, TabID, RefTabId, KeyName, HowDelete)
-    select 2 * T.n - 1, T.n, T.n % (select count(*) from T) + 1, 'KEY_1', 'R' from T
-    union all select 2 * T.n, T.n, T.n * 7 % (select count(*) from T) + 1, 'KEY_2', 'C' from T;
+    select IndexID, 8 * TabID - 5, 2, 'A' from Indices where (IndexID - 1) % 3 = 1;
+insert into ForeignKeys (TabID, RefTabId, KeyName, HowDelete)
+    select T.n, T.n % (select count(*) from T) + 1, 'KEY_1', 'R' from T;
+insert into ForeignKeys (TabID, RefTabId, KeyName, HowDelete)
+    select T.n, T.n * 7 % (select count(*) from T) + 1, 'KEY_2', 'C' from T where T.n % 10 < 3;
 insert into ForeignKeyColumns (KeyID, ColumnID, RefColumnID)
-    select KeyID, 20 * TabID - 14, 20 * RefTabId - 19 from ForeignKeys where KeyID % 2 = 1
-    union all select KeyID, 20 * TabID - 13, 20 * RefTabId - 18 from ForeignKeys where KeyID % 2 = 0
-    union all select KeyID, 20 * TabID - 12, 20 * RefTabId - 17 from ForeignKeys where KeyID % 2 = 0;
+    select KeyID, 8 * TabID - 2, 8 * RefTabId - 7 from ForeignKeys where KeyName = 'KEY_1'
+    union all select KeyID, 8 * TabID - 1, 8 * RefTabId - 6 from ForeignKeys where KeyName = 'KEY_2'
+    union all select KeyID, 8 * TabID, 8 * RefTabId - 5 from ForeignKeys where KeyName = 'KEY_2';
 
 update Columns set IsNullable = 1 where Position = 1 and TabID % 100 = 20;
 update Columns set TypeID = 1 where Position in (7, 8) and TabID % 100 = 40;
@@ -60,10 +65,32 @@ void GenerateSchema(const std::string& share, const std::string& file, int table
     if (sqlite3_open(file.c_str(), &connection) != SQLITE_OK) throw std::runtime_error(file);
     Run(connection, "begin");
     Count(connection, "T", tables);
-    Count(connection, "C", 20);
+    Count(connection, "C", columnsPerTable);
     Run(connection, schema);
     Run(connection, "commit");
     sqlite3_close(connection);
+}
+
+std::string SchemaFile(const std::string& workspace) {
+    return workspace + "/Projects/Main/DBSCHEMA/Main.mdb";
+}
+
+std::shared_ptr<host::Frontend> GenerateWorkspace(const std::string& share, const std::string& path,
+                                                  int tables) {
+    auto folder = workbench::WorkspaceFolder::Create(path, "Main");
+    std::filesystem::create_directory(path + "/Projects/Main/DBSCHEMA");
+    GenerateSchema(share, SchemaFile(path), tables);
+    workbench::StoredRepository repository(folder.File());
+    auto schema = repository.NewObject("DBSCHEMA", "Main");
+    schema->BeginChange();
+    schema->SetAttribute("Source", "Projects\\Main\\DBSCHEMA\\Main.mdb");
+    schema->EndChange();
+    return std::make_shared<workbench::StandAloneFrontend>(std::move(folder), "Main", share);
+}
+
+void OpenEditor(ComponentState& state, const std::shared_ptr<host::Frontend>& frontend) {
+    if (TesselEngine(state).Run(frontend, Missing{}, Missing{}) != 0)
+        throw std::runtime_error("The generated schema does not open.");
 }
 
 }  // namespace tessel::bench

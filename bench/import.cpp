@@ -1,28 +1,17 @@
-// Measures the import of generated repositories into an empty project, its repetition after one object has
-// changed, and the look that finds nothing to do: bench_import [TABLES...]
+// Measures the import of generated repositories into an empty project, and its repetition after one object
+// has changed, against bare statements that write the same rows: bench_import [TABLES...]
 
-#include <fmt/format.h>
-
-#include <chrono>
-#include <stdexcept>
-#include <vector>
+#include <sqlite3.h>
 
 #include "bench.h"
-#include "engine/tessel_engine.h"
 #include "generate_schema.h"
 #include "import/import_db_schema.h"
+#include "platform/files/file_service.h"
 #include "workbench/stand_alone_frontend.h"
 
 namespace {
 
 using namespace tessel;
-
-struct Figures {
-    double add = 0;    // seconds: all tables into an empty project
-    double renew = 0;  // all dropped and added again
-    double look = 0;   // nothing to do
-    double peak = 0;   // megabytes
-};
 
 // A project without tables, in a workspace whose repository holds so many.
 void Open(ComponentState& state, const std::string& workspace, int tables) {
@@ -36,52 +25,57 @@ void Open(ComponentState& state, const std::string& workspace, int tables) {
                 object, {{"Name", fmt::format("TABLE_{:05}", i)}, {"Modified", "2026-01-31T10:00:00"}});
         }
     });
-    auto frontend =
-        std::make_shared<workbench::StandAloneFrontend>(std::move(folder), "Main", std::string(TESSEL_SHARE));
-    if (TesselEngine(state).Run(frontend, Missing{}, Missing{}) != 0)
-        throw std::runtime_error("The project does not open.");
+    bench::OpenEditor(state, std::make_shared<workbench::StandAloneFrontend>(std::move(folder), "Main",
+                                                                             std::string(TESSEL_SHARE)));
 }
 
-// The seconds that a run takes that must drop and add so many tables.
+// An import that must drop and add so many tables.
 double Import(ComponentState& state, std::size_t dropped, std::size_t added) {
-    const auto start = std::chrono::steady_clock::now();
-    const ImportOutcome outcome = modImportDBSchema(state).SyncDBSchema();
-    const std::chrono::duration<double> time = std::chrono::steady_clock::now() - start;
+    ImportOutcome outcome;
+    const double seconds = bench::Seconds([&] { outcome = modImportDBSchema(state).SyncDBSchema(); });
     if (outcome.failure) throw std::runtime_error(*outcome.failure);
     if (outcome.dropped.size() != dropped || outcome.added.size() != added)
         throw std::runtime_error("The import did not drop and add the tables that it should.");
-    return time.count();
+    return seconds;
 }
 
-Figures Measure(int tables) {
+// The rows of the database `from`, written to the database `to`, whose own go first.
+double WriteBare(const std::string& to, const std::string& from) {
+    std::string sql =
+        "pragma journal_mode=persist; pragma synchronous=full; attach '" + from + "' as f; begin;";
+    for (const char* table :
+         {"Tables", "Columns", "Indices", "IndexColumns", "ForeignKeys", "ForeignKeyColumns"})
+        sql += fmt::format("delete from {0}; insert into {0} select * from f.{0};", table);
+    sqlite3* database = nullptr;
+    int code = sqlite3_open(to.c_str(), &database);
+    const double seconds = bench::Seconds(
+        [&] { code = sqlite3_exec(database, (sql + "commit").c_str(), nullptr, nullptr, nullptr); });
+    const std::string failure = code == SQLITE_OK ? "" : sqlite3_errmsg(database);
+    sqlite3_close(database);
+    if (!failure.empty()) throw std::runtime_error(failure);
+    return seconds;
+}
+
+void Measure(int tables) {
     const bench::Folder folder;
     const auto count = static_cast<std::size_t>(tables);
+    const std::string source = folder / "w/DBSchema.mdb";
+    const std::string bare = folder / "bare.mdb";
     ComponentState state;
     Open(state, folder / "w", tables);
-    Figures figures;
-    figures.add = Import(state, 0, count);
-    figures.look = Import(state, 0, 0);
+    files::CopyFile(std::string(TESSEL_SHARE) + "/DBSchema.mdb", bare);
+    bench::PrintMilliseconds("import of all tables", tables,
+                             {Import(state, 0, count), WriteBare(bare, source)},
+                             "insert ... select of all rows");
+    bench::PrintMilliseconds("import with nothing to do", tables, {Import(state, 0, 0), 0}, "");
     state.frontend->RepositoryOf()
         ->FindObject("TABLE", "TABLE_00001")
         ->SetAttribute("Modified", "2026-02-01T10:00:00");
-    figures.renew = Import(state, count, count);
-    figures.peak = bench::PeakMegabytes();
-    return figures;
-}
-
-void Report(const std::vector<int>& sizes) {
-    fmt::print("{:>7} {:>8} {:>9} {:>8} {:>9} {:>8} {:>8}\n", "tables", "add s", "tables/s", "renew s",
-               "tables/s", "look s", "peak MB");
-    std::vector<double> times;
-    for (const int tables : sizes) {
-        const Figures f = Measure(tables);
-        times.push_back(f.add);
-        fmt::print("{:>7} {:>8.2f} {:>9.0f} {:>8.2f} {:>9.0f} {:>8.3f} {:>8.1f}\n", tables, f.add,
-                   tables / f.add, f.renew, tables / f.renew, f.look, f.peak);
-    }
-    bench::PrintGrowth(sizes, times);
+    bench::PrintMilliseconds("import after a change", tables,
+                             {Import(state, count, count), WriteBare(bare, source)},
+                             "delete and insert ... select of all rows");
 }
 
 }  // namespace
 
-int main(int argc, char** argv) { return tessel::bench::Run(argc, argv, Report); }
+int main(int argc, char** argv) { return tessel::bench::Run(argc, argv, Measure); }

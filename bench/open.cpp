@@ -1,117 +1,159 @@
-// Measures how long a generated schema takes from the start of the window to its first painted list, against
-// reading and sorting the same rows alone: bench_open [TABLES...]
+// Measures the window on generated schemas: its start until the list is painted, RefreshBrowser, and what the
+// open window holds in memory; against a bare list of the same rows that are read and sorted by themselves:
+// bench_open [TABLES...]
 
-#include <fmt/format.h>
+#include <malloc.h>
+#include <sqlite3.h>
 
 #include <QApplication>
 #include <QPaintEvent>
+#include <QTreeWidget>
 #include <algorithm>
-#include <chrono>
-#include <limits>
 
 #include "bench.h"
 #include "engine/queued_questions.h"
-#include "engine/tessel_engine.h"
 #include "generate_schema.h"
-#include "platform/text/utf8.h"
 #include "ui/main/frm_main.h"
-#include "workbench/stand_alone_frontend.h"
 
 namespace {
 
 using namespace tessel;
-using Clock = std::chrono::steady_clock;
 
-constexpr int rounds = 5;
-
-double SecondsSince(Clock::time_point start) {
-    return std::chrono::duration<double>(Clock::now() - start).count();
-}
-
-// Notes when the list is first painted with rows in it.
-class FirstPaint : public QObject {
+// Notes when the list is painted with rows in it.
+class PaintWatch : public QObject {
   public:
-    explicit FirstPaint(Clock::time_point start) : start_(start) { qApp->installEventFilter(this); }
+    PaintWatch() { qApp->installEventFilter(this); }
 
-    [[nodiscard]] double Seconds() const { return seconds_; }
+    void WaitForPaint() {
+        while (!isPainted_) QApplication::processEvents();
+    }
 
     bool eventFilter(QObject* object, QEvent* event) override {
         const auto* list = qobject_cast<QTreeView*>(object->parent());
-        if (seconds_ == 0 && event->type() == QEvent::Paint && list && list->objectName() == "lvBrowser" &&
+        if (event->type() == QEvent::Paint && list && list->objectName() == "lvBrowser" &&
             list->model()->rowCount() > 0)
-            seconds_ = SecondsSince(start_);
+            isPainted_ = true;
         return false;
     }
 
   private:
-    Clock::time_point start_;
-    double seconds_ = 0;
+    bool isPainted_ = false;
 };
 
-std::shared_ptr<host::Frontend> Generate(const std::string& workspace, int tables) {
-    auto folder = workbench::WorkspaceFolder::Create(workspace, "Main");
-    const std::string schemas = workspace + "/Projects/Main/DBSCHEMA";
-    std::filesystem::create_directory(schemas);
-    bench::GenerateSchema(TESSEL_SHARE, schemas + "/Main.mdb", tables);
-    return std::make_shared<workbench::StandAloneFrontend>(std::move(folder), "Main",
-                                                           std::string(TESSEL_SHARE));
+// What any window with a list of the tables must do: read the rows, sort them, put them in a list, paint it.
+class BareWindow {
+  public:
+    explicit BareWindow(std::string file) : file_(std::move(file)) {
+        list_.setObjectName("lvBrowser");
+        list_.setColumnCount(2);
+        list_.setUniformRowHeights(true);
+        list_.resize(400, 800);
+        list_.show();
+    }
+
+    void Fill() {
+        list_.clear();
+        QList<QTreeWidgetItem*> items;
+        for (const auto& [name, comment] : ReadSorted()) items.append(new QTreeWidgetItem({name, comment}));
+        PaintWatch watch;
+        list_.addTopLevelItems(items);
+        watch.WaitForPaint();
+    }
+
+  private:
+    using Rows = std::vector<std::pair<QString, QString>>;
+
+    Rows ReadSorted() {
+        sqlite3* database = nullptr;
+        sqlite3_stmt* rows = nullptr;
+        sqlite3_open(file_.c_str(), &database);
+        sqlite3_prepare_v2(database, "select * from Tables", -1, &rows, nullptr);
+        Rows read;
+        const auto text = [&](int column) {
+            return QString::fromUtf8(reinterpret_cast<const char*>(sqlite3_column_text(rows, column)));
+        };
+        while (sqlite3_step(rows) == SQLITE_ROW) read.emplace_back(text(1), text(3));
+        sqlite3_finalize(rows);
+        sqlite3_close(database);
+        std::ranges::sort(read);
+        return read;
+    }
+
+    std::string file_;
+    QTreeWidget list_;
+};
+
+double BytesHeld() {
+    const auto heap = mallinfo2();
+    return static_cast<double>(heap.uordblks + heap.hblkhd);
 }
 
-struct Figures {
-    double painted = std::numeric_limits<double>::infinity();  // seconds, the best of all rounds
-    double loaded = std::numeric_limits<double>::infinity();
-    double bound = std::numeric_limits<double>::infinity();
+struct Round {
+    bench::Pair start;
+    bench::Pair refresh;
+    bench::Pair bytes;
 };
 
-void OpenWindow(const std::shared_ptr<host::Frontend>& frontend, Figures& figures) {
+void MeasureWindow(const std::shared_ptr<host::Frontend>& frontend, Round& round) {
+    const double before = BytesHeld();
     ComponentState state;
     state.questions = std::make_shared<QueuedQuestions>();
     state.loadMainWindow = LoadMainWindow;
-    const auto start = Clock::now();
-    const FirstPaint painted(start);
-    if (TesselEngine(state).Run(frontend, Missing{}, Missing{}) != 0)
-        throw std::runtime_error("The generated schema does not open.");
-    figures.loaded = std::min(figures.loaded, SecondsSince(start));
-    while (painted.Seconds() == 0) QApplication::processEvents();
-    figures.painted = std::min(figures.painted, painted.Seconds());
+    round.start.own = bench::Seconds([&] {
+        PaintWatch watch;
+        bench::OpenEditor(state, frontend);
+        watch.WaitForPaint();
+    });
+    round.bytes.own = BytesHeld() - before;
+    round.refresh.own = bench::Seconds([&] {
+        PaintWatch watch;
+        state.window->RefreshBrowser();
+        watch.WaitForPaint();
+    });
     state.window.reset();
 }
 
-// What any list of the tables must do: open the database, read the rows, sort them.
-void ReadAndSort(const std::string& file, Figures& figures) {
-    const auto start = Clock::now();
-    const auto database = db::Database::Open(file);
-    std::vector<std::pair<std::string, std::string>> rows;
-    for (auto row = database->Select("select * from Tables"); row.Next();)
-        rows.emplace_back(row.Text("TableName"), row.Text("Comments"));
-    std::ranges::sort(rows, [](const auto& a, const auto& b) { return text::TextLess(a.first, b.first); });
-    figures.bound = std::min(figures.bound, SecondsSince(start));
+void MeasureBare(const std::string& file, Round& round) {
+    const double before = BytesHeld();
+    std::unique_ptr<BareWindow> window;
+    round.start.bound = bench::Seconds([&] {
+        window = std::make_unique<BareWindow>(file);
+        window->Fill();
+    });
+    round.bytes.bound = BytesHeld() - before;
+    round.refresh.bound = bench::Seconds([&] { window->Fill(); });
 }
 
-Figures Measure(int tables) {
+bench::Pair MedianOf(const std::vector<Round>& rounds, bench::Pair Round::*figure) {
+    std::vector<double> own;
+    std::vector<double> bound;
+    for (const Round& round : rounds) {
+        own.push_back((round.*figure).own);
+        bound.push_back((round.*figure).bound);
+    }
+    return {bench::Median(own), bench::Median(bound)};
+}
+
+void Measure(int tables) {
     const bench::Folder folder;
     const std::string workspace = folder / "w";
     qputenv("XDG_CONFIG_HOME", (folder / "config").c_str());
-    const auto frontend = Generate(workspace, tables);
-    Figures figures;
-    for (int i = 0; i < rounds; ++i) {
-        OpenWindow(frontend, figures);
-        ReadAndSort(workspace + "/Projects/Main/DBSCHEMA/Main.mdb", figures);
+    const auto frontend = bench::GenerateWorkspace(TESSEL_SHARE, workspace, tables);
+    std::vector<Round> rounds(static_cast<std::size_t>(bench::RoundsFor(tables)));
+    for (Round& round : rounds) {
+        MeasureWindow(frontend, round);
+        MeasureBare(bench::SchemaFile(workspace), round);
     }
-    return figures;
-}
-
-void Report(const std::vector<int>& sizes) {
-    fmt::print("{:>7} {:>10} {:>9} {:>9} {:>6} {:>8}\n", "tables", "painted ms", "loaded ms", "bound ms",
-               "ratio", "peak MB");
-    std::vector<double> times;
-    for (const int tables : sizes) {
-        const Figures f = Measure(tables);
-        times.push_back(f.painted);
-        fmt::print("{:>7} {:>10.1f} {:>9.1f} {:>9.1f} {:>6.2f} {:>8.1f}\n", tables, f.painted * 1000,
-                   f.loaded * 1000, f.bound * 1000, f.painted / f.bound, bench::PeakMegabytes());
-    }
-    bench::PrintGrowth(sizes, times);
+    bench::PrintMilliseconds("start to painted list", tables, MedianOf(rounds, &Round::start),
+                             "bare list, shown and filled");
+    bench::PrintMilliseconds("RefreshBrowser", tables, MedianOf(rounds, &Round::refresh),
+                             "bare list, filled");
+    const bench::Pair bytes = MedianOf(rounds, &Round::bytes);
+    bench::PrintFigure("memory of the window, a table", tables, {bytes.own / tables, bytes.bound / tables},
+                       "bytes", "bare list");
+    const auto fileSize = static_cast<double>(std::filesystem::file_size(bench::SchemaFile(workspace)));
+    bench::PrintFigure("peak memory of the window", tables, {bench::PeakMegabytes(), fileSize / 1e6}, "MB",
+                       "size of the database");
 }
 
 }  // namespace
@@ -120,5 +162,5 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     int count = 1;
     QApplication application(count, argv);
-    return tessel::bench::Run(argc, argv, Report);
+    return tessel::bench::Run(argc, argv, Measure);
 }

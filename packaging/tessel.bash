@@ -46,7 +46,7 @@ _tessel() {
     verify) options+=' --json' ;;
     report) options+=' --out' ;;
     register | unregister) options+=' --system' ;;
-    addon) options+=' --verify --keep' ;;
+    addon) options+=' --verify --keep --answers' ;;
     esac
     mapfile -t COMPREPLY < <(compgen -W "$options" -- "$current")
 }

@@ -26,6 +26,15 @@ bool HasValue(const Item& item) {
 
 bool IsAddress(const Item& item) { return item.usage && item.usage->usage == Usage::Address; }
 
+// The last line of the file at which a description in the item begins.
+int LastLine(const Item& item, int file) {
+    int last = item.place.file == file ? item.place.line : 0;
+    for (const auto& condition : item.conditions)
+        if (condition.place.file == file) last = std::max(last, condition.place.line);
+    for (const auto& child : item.children) last = std::max(last, LastLine(child, file));
+    return last;
+}
+
 class Planner {
   public:
     Planner(const Choices& choices, Remarks& remarks) : choices_(choices), remarks_(remarks) {}
@@ -59,7 +68,7 @@ class Planner {
         std::int64_t count = 0;
         for (const auto& item : group.children) {
             if (IsLeftOut(item)) {
-                remarks_.Add(item.place, Text::Redefinition, {item.ShownName(), item.redefines});
+                BlameRedefinition(item);
                 continue;
             }
             FindFields(item);
@@ -75,7 +84,7 @@ class Planner {
             BlameConditions(item);
             return 0;
         }
-        plan_.fields.push_back({&item, NameWithGroups(item), occurs_});
+        plan_.fields.push_back({&item, NameWithGroups(item), RedefinedBy(item), occurs_});
         return 1;
     }
 
@@ -92,6 +101,23 @@ class Planner {
     void BlameConditions(const Item& item) {
         for (const auto& condition : item.conditions)
             remarks_.Add(condition.place, Text::ConditionAlone, {condition.name, item.ShownName()});
+    }
+
+    void BlameRedefinition(const Item& item) {
+        const int last = LastLine(item, item.place.file);
+        if (last == item.place.line)
+            remarks_.Add(item.place, Text::Redefinition, {item.ShownName(), item.redefines});
+        else
+            remarks_.Add(
+                item.place, Text::RedefinitionLines,
+                {item.ShownName(), item.redefines, std::to_string(item.place.line), std::to_string(last)});
+    }
+
+    std::string RedefinedBy(const Item& item) const {
+        if (!item.redefines.empty()) return item.redefines;
+        const auto isOne = [](const Item* group) { return !group->redefines.empty(); };
+        const auto group = std::find_if(groups_.rbegin(), groups_.rend(), isOne);
+        return group == groups_.rend() ? std::string() : (*group)->redefines;
     }
 
     bool IsLeftOut(const Item& item) const {

@@ -21,6 +21,7 @@ struct Choices {
 struct Field {
     const Item* item = nullptr;
     std::string name;                         // with its groups' in front where that is chosen
+    std::string redefines;                    // what it redefines, or the innermost group around it that does
     std::vector<const OccursClause*> occurs;  // the groups' and its own, the outermost first
 };
 

@@ -21,7 +21,7 @@ class CommentWriter {
         if (item_.hasSeparateSign) Say(Text::SeparateSign);
         if (item_.isBlankWhenZero) Say(Text::BlankWhenZero);
         if (item_.isJustified) Say(Text::Justified);
-        if (!item_.redefines.empty()) Say(Text::Redefines, {item_.redefines});
+        if (!field_.redefines.empty()) Say(Text::Redefines, {field_.redefines});
         if (column_.occurrences.empty())
             for (const auto* occurs : field_.occurs) SayOccurs(*occurs);
         else

@@ -10,6 +10,8 @@ constexpr std::size_t longestBase = 47;  // characters
 
 }  // namespace
 
+void FreeNames::Reserve(const std::string& name) { taken_.insert(Upper(name)); }
+
 std::string FreeNames::Take(const std::string& name) {
     std::string free = name;
     const std::string base(FirstCharacters(name, longestBase));

@@ -10,6 +10,9 @@ namespace tessel::layout {
 // for the thousandth column of a name.
 class FreeNames {
   public:
+    // Gives the name to nobody.
+    void Reserve(const std::string& name);
+
     // `name` itself, or the first 47 characters of it with the first free number.
     [[nodiscard]] std::string Take(const std::string& name);
 

@@ -15,7 +15,7 @@ namespace tessel::layout {
 
 // A column as it is written into the schema.
 struct NewColumn {
-    std::string name;  // unlike the others'; the workspace may put a number behind it
+    std::string name;  // unlike the others' and the table's own
     std::int32_t typeID = 0;
     std::int32_t precision = 0;
     std::int32_t scale = 0;
@@ -25,16 +25,16 @@ struct NewColumn {
     Place place;
 };
 
-// The columns of the plan with their names and types as the workspace makes them. A name of which nothing is
-// left gets a remark and becomes "C".
-[[nodiscard]] std::vector<NewColumn> PrepareColumns(VNTWS& workspace, Plan plan, Remarks& remarks,
-                                                    Language language);
-
 // Where columns go.
 struct Target {
     std::int32_t tabID = 0;  // 0: a new table
     std::string name;        // of a new one: a free name
 };
+
+// The columns of the plan with their names and types as the workspace makes them in the table. A name of
+// which nothing is left gets a remark and becomes "C".
+[[nodiscard]] std::vector<NewColumn> PrepareColumns(VNTWS& workspace, const Target& target, Plan plan,
+                                                    Remarks& remarks, Language language);
 
 // The origin reference of a place: the file, from the workspace's folder on where it lies in that, and the
 // line.

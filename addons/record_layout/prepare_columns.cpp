@@ -1,6 +1,7 @@
 #include "column_type.h"
 #include "comment.h"
 #include "free_names.h"
+#include "host_calls.h"
 #include "import.h"
 
 namespace tessel::layout {
@@ -23,13 +24,23 @@ std::vector<ColumnType> FieldTypes(VNTWS& workspace, const SqlTypeList& types, c
     return chosen;
 }
 
+// Without those that the table's columns have.
+FreeNames NamesFor(VNTWS& workspace, const Target& target) {
+    FreeNames names;
+    const std::string sql = "select ColumnName from Columns where TabID = " + std::to_string(target.tabID);
+    if (target.tabID != 0)
+        for (const auto& row : SelectRows(workspace, sql)) names.Reserve(TextOf(*row, "ColumnName"));
+    return names;
+}
+
 }  // namespace
 
-std::vector<NewColumn> PrepareColumns(VNTWS& workspace, Plan plan, Remarks& remarks, Language language) {
+std::vector<NewColumn> PrepareColumns(VNTWS& workspace, const Target& target, Plan plan, Remarks& remarks,
+                                      Language language) {
     const SqlTypeList types(workspace);
     const std::vector<ColumnType> fieldTypes = FieldTypes(workspace, types, plan, language);
     for (auto& field : plan.fields) field.name = FieldName(workspace, field, remarks);
-    FreeNames names;
+    FreeNames names = NamesFor(workspace, target);
     std::vector<NewColumn> columns;
     for (const auto& column : plan.columns) {
         const Field& field = plan.fields[column.field];

@@ -71,10 +71,10 @@ class ToolRun {
     std::optional<std::string> Import(Layout& layout, const Item& record) {
         const Target target = TargetFor(record);
         const Plan plan = MakePlan(record, options_.choices, layout.remarks);
-        const auto columns = PrepareColumns(workspace_, plan, layout.remarks, language_);
+        const auto columns = PrepareColumns(workspace_, target, plan, layout.remarks, language_);
         const auto report = ReportLines(layout, language_);
-        WriteReport(HostProperty(frontend_, "ErrorsFile"), report);
         if (options_.hasPreview && !ShowPreview(workspace_, language_, target, columns, layout)) return {};
+        WriteReport(HostProperty(frontend_, "ErrorsFile"), report);
         const Origins origins(layout.files, WorkspaceFolder(frontend_));
         workspace_.SetSelectedTabID(
             ImportColumns(workspace_, target, columns, origins, record.place, language_));

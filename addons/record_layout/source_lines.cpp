@@ -32,9 +32,8 @@ int FreeLook(std::string_view line) {
     if (start > indicatorColumn) return 0;
     const std::string_view word = code.substr(0, code.find(' '));
     const bool isLevel = IsNumber(word) && word.size() <= 2 && word.size() < code.size();
-    return isLevel || word.starts_with("*>") || !IsIndicator(Columns(line, indicatorColumn, firstColumn))
-               ? 1
-               : -1;
+    const bool isFreeComment = word.starts_with("*>") && start < indicatorColumn;
+    return isLevel || isFreeComment || !IsIndicator(Columns(line, indicatorColumn, firstColumn)) ? 1 : -1;
 }
 
 bool LooksFree(const std::vector<std::string>& lines) {

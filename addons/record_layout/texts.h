@@ -35,6 +35,7 @@ enum class Text {
     Address,
     Renames,
     Redefinition,
+    RedefinitionLines,
     ConditionAlone,
     OtherRecord,
     NameRefused,

@@ -33,10 +33,11 @@ constexpr std::array<Dialect, 3> dialects{
             .joins = JoinRule::SameKind,
             .tinyintLimit = 32767,
             .tableOptions = "",
-            .beforeDrop = "",
+            .hint = "",
             .begin = "BEGIN;\n"
                      "SET LOCAL client_encoding = 'UTF8';\n"
                      "SET LOCAL standard_conforming_strings = on;\n",
+            .beforeDrop = "",
             .afterDrop = "",
             .end = "COMMIT;\n"},
     Dialect{.name = "mysql",
@@ -65,11 +66,12 @@ constexpr std::array<Dialect, 3> dialects{
             .joins = JoinRule::SameType,
             .tinyintLimit = 127,
             .tableOptions = " ENGINE=InnoDB DEFAULT CHARSET=utf8mb4",
-            .beforeDrop = "SET @old_foreign_key_checks = @@SESSION.foreign_key_checks;\n"
-                          "SET SESSION foreign_key_checks = 0;\n",
+            .hint = "",
             .begin = "SET NAMES utf8mb4;\n"
                      "SET @old_sql_mode = @@SESSION.sql_mode;\n"
                      "SET SESSION sql_mode = 'STRICT_ALL_TABLES,NO_ENGINE_SUBSTITUTION';\n",
+            .beforeDrop = "SET @old_foreign_key_checks = @@SESSION.foreign_key_checks;\n"
+                          "SET SESSION foreign_key_checks = 0;\n",
             .afterDrop = "SET SESSION foreign_key_checks = @old_foreign_key_checks;\n",
             .end = "SET SESSION sql_mode = @old_sql_mode;\n"},
     Dialect{.name = "sqlite",
@@ -98,8 +100,9 @@ constexpr std::array<Dialect, 3> dialects{
             .joins = JoinRule::Any,
             .tinyintLimit = 32767,
             .tableOptions = "",
-            .beforeDrop = "PRAGMA foreign_keys = OFF;\n",
+            .hint = "-- Run it with: sqlite3 -bail DATABASE < SCRIPT\n",
             .begin = "BEGIN;\n",
+            .beforeDrop = "PRAGMA defer_foreign_keys = ON;\n",
             .afterDrop = "",
             .end = "COMMIT;\n"}};
 

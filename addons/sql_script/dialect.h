@@ -55,8 +55,9 @@ struct Dialect {
     JoinRule joins;
     int tinyintLimit;          // the largest TINYINT
     const char* tableOptions;  // after the definition
-    const char* beforeDrop;    // lines around the script's parts
+    const char* hint;          // lines before the script's parts, and around them
     const char* begin;
+    const char* beforeDrop;
     const char* afterDrop;
     const char* end;
 };

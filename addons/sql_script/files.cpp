@@ -10,14 +10,13 @@
 #include <iterator>
 #include <system_error>
 
-#include "tessel/error.h"
-
 namespace tessel::sql_script {
 
 namespace {
 
+template <typename Failure>
 [[noreturn]] void Fail(Language language, Text text, const std::string& path, int code) {
-    throw Error(ErrorKind::File, Say(language, text, {path, std::generic_category().message(code)}));
+    throw Failure(ErrorKind::File, Say(language, text, {path, std::generic_category().message(code)}));
 }
 
 // A file that is gone at the end unless it was put in its place.
@@ -62,7 +61,7 @@ bool SyncFolder(const std::filesystem::path& folder) {
 std::string ReadFile(const std::string& path, Language language) {
     std::ifstream stream(path, std::ios::binary);
     std::string content(std::istreambuf_iterator<char>(stream), {});
-    if (!stream) Fail(language, Text::CannotRead, path, errno);
+    if (!stream) Fail<Error>(language, Text::CannotRead, path, errno);
     return content;
 }
 
@@ -74,9 +73,10 @@ void ReplaceFile(const std::string& path, std::string_view content, Language lan
     const auto folder = std::filesystem::path(target).parent_path();
     std::filesystem::create_directory(folder, ignored);
     NewFile file(target + ".new");
-    if (std::filesystem::is_directory(target, ignored)) Fail(language, Text::CannotWrite, path, EISDIR);
+    if (std::filesystem::is_directory(target, ignored))
+        Fail<WriteError>(language, Text::CannotWrite, path, EISDIR);
     if (!file.Write(content) || !file.PutInPlaceOf(target) || !SyncFolder(folder))
-        Fail(language, Text::CannotWrite, path, errno);
+        Fail<WriteError>(language, Text::CannotWrite, path, errno);
 }
 
 }  // namespace tessel::sql_script

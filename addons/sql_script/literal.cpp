@@ -1,8 +1,9 @@
 #include "sql_script/literal.h"
 
-#include <charconv>
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
+#include <cstdlib>
 
 #include "sql_script/text_tools.h"
 #include "sql_script/type_kind.h"
@@ -72,10 +73,38 @@ Literal WholeLiteral(const Dialect& dialect, const std::string& typeName, const 
     return {};
 }
 
+// The digits of a number from the first one that is no zero on, and how many of them stand before the point
+// (less than none for zeros behind it).
+std::pair<std::string, int> DigitsOf(const std::string& number) {
+    const auto mark = std::min(number.find_first_of("eE"), number.size());
+    int before = 0;
+    if (mark < number.size()) before = static_cast<int>(std::strtol(number.c_str() + mark + 1, nullptr, 10));
+    std::string digits;
+    bool isBehind = false;
+    for (const char c : number.substr(0, mark)) {
+        isBehind = isBehind || c == '.';
+        if (c < '0' || c > '9') continue;
+        before += isBehind ? 0 : 1;
+        if (c != '0' || !digits.empty())
+            digits += c;
+        else
+            --before;
+    }
+    return {digits, before};
+}
+
+// Whether a column of the type holds the number when it is rounded to the scale.
+bool Holds(const Column& column, const std::string& number) {
+    const auto [digits, before] = DigitsOf(number);
+    if (digits.empty() || before != column.precision - column.scale)
+        return digits.empty() || before < column.precision - column.scale;
+    const auto held = static_cast<std::size_t>(column.precision);
+    const bool isRoundedUp = digits.size() > held && digits[held] >= '5';
+    return !isRoundedUp || digits.find_first_not_of('9') < held;
+}
+
 Literal ExactLiteral(const Column& column, const std::string& text) {
-    const auto number = NumberIn(text);
-    const bool isHeld = number && (column.precision == 0 ||
-                                   std::fabs(*number) < std::pow(10.0, column.precision - column.scale));
+    const bool isHeld = NumberIn(text) && (column.precision == 0 || Holds(column, text));
     return isHeld ? Literal(text) : Literal();
 }
 
@@ -118,11 +147,11 @@ Literal MomentLiteral(const Dialect& dialect, TypeKind kind, const std::string& 
     return "'" + iso.substr(0, 10) + " " + iso.substr(11) + "'";
 }
 
-// The digits of "0x1F" and "x'1F'"; nothing for another form.
+// The digits of "0x1F", "\x1F" and "x'1F'"; nothing for another form.
 std::optional<std::string> HexDigits(const std::string& text) {
     const std::string lower = LowerAscii(text);
     std::string digits;
-    if (lower.starts_with("0x"))
+    if (lower.starts_with("0x") || lower.starts_with("\\x"))
         digits = lower.substr(2);
     else if (lower.size() > 2 && lower.starts_with("x'") && lower.back() == '\'')
         digits = lower.substr(2, lower.size() - 3);

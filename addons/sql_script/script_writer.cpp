@@ -29,7 +29,6 @@ class Writer {
 
     std::string Write(const std::function<void(std::size_t)>& begins) {
         WriteHeading();
-        if (options_.dropsTables) script_ += dialect_.beforeDrop;
         script_ += dialect_.begin;
         if (options_.dropsTables) WriteDrops();
         for (std::size_t i = 0; i < schema_.order.size(); ++i) {
@@ -57,10 +56,13 @@ class Writer {
         script_ += "-- " + count(Text::Table, Text::Tables, CountTables(schema_)) + ", " +
                    count(Text::Key, Text::Keys, CountKeys(schema_));
         if (remarks > 0) script_ += ", " + count(Text::Remark, Text::Remarks, remarks);
-        script_ += "\n\n";
+        script_ += "\n";
+        script_ += dialect_.hint;
+        script_ += "\n";
     }
 
     void WriteDrops() {
+        script_ += dialect_.beforeDrop;
         std::string names;
         for (const auto place : schema_.order | std::views::reverse) {
             const ServerTable& table = schema_.tables[place];

@@ -36,13 +36,9 @@ class Task {
 
     Value Run(const std::string& parameter) {
         Parameters parameters = ReadParameters(parameter, language_);
-        const bool asks = !parameters.dialect || parameters.file.empty();
-        if (asks && !Ask(parameters)) return Null{};
-        parameters.file = std::filesystem::absolute(ReplaceAll(parameters.file, "\\", "/")).string();
-        const ServerSchema planned = Write(parameters);
-        const std::string summary = Summary(planned, parameters.file);
-        TellRemarks(planned, summary, asks);
-        return summary;
+        if (!parameters.dialect || parameters.file.empty()) return AskAndWrite(parameters);
+        MakeAbsolute(parameters);
+        return WriteAndTell(parameters, false);
     }
 
   private:
@@ -61,10 +57,49 @@ class Task {
         return Say(language_, text, parameters);
     }
 
-    // False when the user cancelled.
-    bool Ask(Parameters& parameters) {
+    // A file that cannot be written goes back to the form.
+    std::string AskAndWrite(Parameters& parameters) {
         if (parameters.file.empty())
             parameters.file = Name(workspaceFolder) + "/Output/" + Name(projectName) + ".sql";
+        while (Ask(parameters)) {
+            try {
+                if (MayWrite(parameters)) return WriteAndTell(parameters, true);
+            } catch (const WriteError& error) {
+                (void)Tell(error.what(), "warning");
+            }
+        }
+        return Said(Text::NothingWritten);
+    }
+
+    static void MakeAbsolute(Parameters& parameters) {
+        parameters.file = std::filesystem::absolute(ReplaceAll(parameters.file, "\\", "/")).string();
+    }
+
+    // Makes the name of the file whole, and asks before another file is replaced.
+    bool MayWrite(Parameters& parameters) {
+        if (parameters.file.empty()) {
+            (void)Tell(Said(Text::NoFile), "warning");
+            return false;
+        }
+        MakeAbsolute(parameters);
+        std::error_code ignored;
+        return !std::filesystem::is_regular_file(parameters.file, ignored) ||
+               Tell(Said(Text::Replaces, {parameters.file}), "warning", "OKCancel") == "OK";
+    }
+
+    std::string Tell(const std::string& text, const char* icon, const char* buttons = "OK") {
+        return ToText(Call(*workspace_.ToolWindow(), "Message", {text, icon, buttons}));
+    }
+
+    std::string WriteAndTell(const Parameters& parameters, bool tellsSuccess) {
+        const ServerSchema planned = Write(parameters);
+        const std::string summary = Summary(planned, parameters.file);
+        TellRemarks(planned, summary, tellsSuccess);
+        return summary;
+    }
+
+    // False when the user cancelled.
+    bool Ask(Parameters& parameters) {
         const Value answer = Call(*workspace_.ToolWindow(), "Form", {Value(FormFor(parameters))});
         const auto* values = answer.As<Fields>();
         if (!values) return false;
@@ -72,7 +107,7 @@ class Task {
         parameters.file = Trim(ToText((*values)->At("file")));
         parameters.options.dropsTables = ToBoolean((*values)->At("drop"));
         parameters.options.hasComments = ToBoolean((*values)->At("comments"));
-        return parameters.dialect && !parameters.file.empty();
+        return parameters.dialect != nullptr;
     }
 
     Fields FormFor(const Parameters& parameters) {
@@ -138,7 +173,7 @@ class Task {
     void TellRemarks(const ServerSchema& planned, const std::string& summary, bool tellsSuccess) {
         const auto remarks = RemarksOf(planned);
         if (remarks.empty()) {
-            if (tellsSuccess) (void)Call(*workspace_.ToolWindow(), "Message", {summary, "information"});
+            if (tellsSuccess) (void)Tell(summary, "information");
             return;
         }
         std::string all;
@@ -151,7 +186,7 @@ class Task {
         if (remarks.size() > mostRemarksShown)
             shown += "\n" + Said(Text::MoreRemarks, {std::to_string(remarks.size() - mostRemarksShown)});
         if (const std::string file = Get("ErrorsFile"); !file.empty()) ReplaceFile(file, all, language_);
-        (void)Call(*workspace_.ToolWindow(), "Message", {shown, "warning"});
+        (void)Tell(shown, "warning");
     }
 
     Object& frontend_;

@@ -32,11 +32,11 @@ class TableCombo : public Object {
 class VNTWS : public Object {
   public:
     // Storage for the add-on protocol; the workspace itself reads none of it.
-    [[nodiscard]] virtual std::string MethodID() const = 0;
+    [[nodiscard]] virtual std::string MethodID() const = 0;  // NAME of the menu's entry that runs, or ProgID
     virtual void SetMethodID(const std::string& value) = 0;
-    [[nodiscard]] virtual std::int16_t ReturnCode() const = 0;
+    [[nodiscard]] virtual std::int16_t ReturnCode() const = 0;  // 0 before a run; free for the tool
     virtual void SetReturnCode(std::int16_t value) = 0;
-    [[nodiscard]] virtual std::int32_t SelectedTabID() const = 0;
+    [[nodiscard]] virtual std::int32_t SelectedTabID() const = 0;  // -1 before; selected after a success
     virtual void SetSelectedTabID(std::int32_t value) = 0;
 
     // The reference text that the window's origin viewer shows.
@@ -147,7 +147,7 @@ class VNTWS : public Object {
     virtual void Verify() = 0;
 
     // Storage for the add-on protocol.
-    [[nodiscard]] virtual std::string MethodName() const = 0;
+    [[nodiscard]] virtual std::string MethodName() const = 0;  // text of the menu's entry, or ProgID
     virtual void SetMethodName(const std::string& value) = 0;
 };
 

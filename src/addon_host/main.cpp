@@ -1,4 +1,8 @@
+#include <unistd.h>
+
+#include <atomic>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
 #include <functional>
 #include <string_view>
@@ -24,6 +28,15 @@ Json LastLine(const std::function<Json()>& run) {
     }
 }
 
+// The last line is not written yet.
+std::atomic<bool> isRunning = false;
+
+void RefuseEarlyExit() {
+    if (!isRunning) return;
+    std::fputs("The add-on ended its program before it came to its end.\n", stderr);
+    _exit(failureCode);
+}
+
 int Run(const char* library, const char* progId, const char* parameter) {
     tessel::StandardStreams streams;
     streams.EndWithTheEditor();
@@ -31,11 +44,14 @@ int Run(const char* library, const char* progId, const char* parameter) {
         streams.WriteLine(line);
         return streams.ReadLine();
     });
+    isRunning = true;
+    std::atexit(RefuseEarlyExit);
     const Json last = LastLine([&] {
         static const tessel::AddOnLibrary loaded(library);  // until the end: a result may be code of it
         return loaded.Run(progId, editor, parameter);
     });
     streams.WriteLine(tessel::LineOf(last));
+    isRunning = false;
     return 0;
 }
 

@@ -1,8 +1,11 @@
 #include "cli/open_command.h"
 
+#include <fmt/format.h>
+
 #include <cstdlib>
 #include <filesystem>
 
+#include "cli/headless_session.h"
 #include "tessel/error.h"
 #include "ui/main/start_dialog.h"
 #include "workbench/workspace_folder.h"
@@ -13,10 +16,18 @@ namespace {
 
 namespace fs = std::filesystem;
 
-void Choose(SessionOptions& options, const std::string& path) {
-    const auto place = workbench::WorkspaceFolder::Find(path);
-    options.workspace = place.folder;
-    if (!options.project) options.project = place.project;
+void Take(SessionOptions& options, const StartChoice& choice) {
+    options.workspace = choice.folder;
+    if (!options.project) options.project = choice.project;
+}
+
+StartChoice Find(const std::string& path) {
+    auto place = workbench::WorkspaceFolder::Find(path);
+    return {std::move(place.folder), std::move(place.project)};
+}
+
+std::vector<std::string> ProjectsOf(const std::string& folder) {
+    return workbench::WorkspaceFolder::Open(folder).Projects();
 }
 
 std::string UserDataFolder() {
@@ -49,28 +60,55 @@ std::string SampleFolder() {
 
 StartOffers Offers() {
     return {
-        .find = [](const std::string& path) { return workbench::WorkspaceFolder::Find(path).folder; },
+        .find = Find,
         .make =
             [](const std::string& folder, const std::string& project) {
-                return workbench::WorkspaceFolder::Create(folder, project).Path();
+                return StartChoice{workbench::WorkspaceFolder::Create(folder, project).Path(), project};
             },
-        .sample = SampleFolder,
+        .sample =
+            [] {
+                return StartChoice{SampleFolder(), std::nullopt};
+            },
+        .projects = ProjectsOf,
     };
+}
+
+// Completes the options by asking; false when the user cancelled.
+bool AskForRest(SessionOptions& options) {
+    if (!options.workspace && !workbench::WorkspaceFolder::IsWorkspace(".")) {
+        const auto chosen = AskForWorkspace(TextsFor(options), Offers());
+        if (!chosen) return false;
+        Take(options, *chosen);
+    }
+    if (options.project) return true;
+    const auto projects = ProjectsOf(options.workspace.value_or("."));
+    if (projects.size() <= 1) return true;
+    options.project = AskForProject(*TextsFor(options), projects);
+    return options.project.has_value();
+}
+
+// None when the user cancelled.
+std::unique_ptr<Session> Choose(SessionOptions options, const std::optional<std::string>& path,
+                                bool hasUser) {
+    if (path) Take(options, Find(*path));
+    if (hasUser && !AskForRest(options)) return nullptr;
+    return OpenSession(options);
 }
 
 }  // namespace
 
-int OpenCommand(SessionOptions options, const std::optional<std::string>& path, const OpenOptions& window) {
-    if (path)
-        Choose(options, *path);
-    else if (!options.workspace && window.picture.empty() && HasDisplay() &&
-             !workbench::WorkspaceFolder::IsWorkspace(".")) {
-        const auto chosen = AskForWorkspace(*TextsFor(options), Offers());
-        if (!chosen) return 0;
-        options.workspace = *chosen;
+int OpenCommand(const SessionOptions& options, const std::optional<std::string>& path,
+                const OpenOptions& window) {
+    const bool hasUser = window.picture.empty() && HasDisplay();
+    std::unique_ptr<Session> session;
+    try {
+        session = Choose(options, path, hasUser);
+    } catch (const std::exception& error) {
+        fmt::print(stderr, "tessel: {}\n", error.what());
+        if (hasUser) ShowFailure(TextsFor(options), error.what());
+        return failureCode;
     }
-    const auto session = OpenSession(options);
-    return RunWindow(session->state, session->frontend, window);
+    return session ? RunWindow(session->state, session->frontend, window) : 0;
 }
 
 }  // namespace tessel

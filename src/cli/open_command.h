@@ -9,10 +9,10 @@
 namespace tessel {
 
 // Opens the window on the workspace that `path` belongs to (its folder, a folder in it or a file there, such
-// as a project's schema database), or else on that of the options. With neither, in a folder that is no
-// workspace and on a display, the user is asked for one. Returns the program's exit code; throws when there
-// is no such workspace or project.
-[[nodiscard]] int OpenCommand(SessionOptions options, const std::optional<std::string>& path,
+// as a project's schema database), or else on that of the options. On a display the user is asked for what is
+// missing: with neither, in a folder that is no workspace, for one; and for one of several projects. Returns
+// the program's exit code; what is wrong with the workspace is said on stderr and, on a display, in a box.
+[[nodiscard]] int OpenCommand(const SessionOptions& options, const std::optional<std::string>& path,
                               const OpenOptions& window);
 
 }  // namespace tessel

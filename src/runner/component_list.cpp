@@ -7,7 +7,6 @@
 #include <optional>
 
 #include "platform/files/file_lock.h"
-#include "platform/files/file_service.h"
 #include "platform/settings/settings.h"
 #include "platform/text/utf8.h"
 #include "platform/xml/document.h"
@@ -65,8 +64,18 @@ std::vector<RegisteredClass> ReadClasses(const xml::Document& document, const st
     return classes;
 }
 
+// Also what cannot be used is there: a link that leads nowhere, or what cannot be looked at.
+bool IsThere(const fs::path& path) {
+    std::error_code fault;
+    return fs::symlink_status(path, fault).type() != fs::file_type::not_found;
+}
+
 xml::Document LoadOrMake(const std::string& path) {
-    if (files::FileExists(path)) {
+    if (IsThere(path)) {
+        std::error_code fault;
+        if (!fs::is_regular_file(path, fault))
+            throw Error(ErrorKind::File,
+                        fmt::format("{} is no file that can be read; remove what stands there.", path));
         RefuseUntrusted(path);
         return xml::Document::Load(path);
     }
@@ -127,6 +136,15 @@ std::optional<std::string> UserPath() {
     }
 }
 
+void RefuseUnfitName(const RegisteredClass& entered) {
+    const auto isControl = [](char32_t character) { return character < U' ' || character == U'\x7f'; };
+    const bool isEmpty = text::Trim(entered.progID).empty();
+    if (!isEmpty && std::ranges::none_of(text::Decode(entered.progID), isControl)) return;
+    throw Error(ErrorKind::Component,
+                fmt::format("{}: A class cannot be registered under {}.", entered.file,
+                            isEmpty ? "an empty identifier" : "an identifier with control characters"));
+}
+
 }  // namespace
 
 ComponentFile ReadComponents(const std::string& path) {
@@ -162,6 +180,7 @@ std::string InstallationComponentsPath(const std::string& programFolder) {
 }
 
 void EnterClasses(const std::string& path, const std::vector<RegisteredClass>& classes) {
+    for (const auto& entered : classes) RefuseUnfitName(entered);
     ChangeRegistry(path, [&](xml::Document& document) {
         for (const auto& entered : classes) {
             (void)RemoveWhere(document, path, [&](const auto& known) {
@@ -174,7 +193,7 @@ void EnterClasses(const std::string& path, const std::vector<RegisteredClass>& c
 
 std::vector<std::string> RemoveClasses(const std::string& path, std::string_view progIDOrFile) {
     std::vector<std::string> removed;
-    if (!files::FileExists(path)) return removed;
+    if (!IsThere(path)) return removed;
     ChangeRegistry(path, [&](xml::Document& document) {
         removed = RemoveWhere(document, path, [&](const auto& known) {
             return text::SameText(known.progID, progIDOrFile) || known.file == progIDOrFile;

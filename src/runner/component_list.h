@@ -56,7 +56,7 @@ class ComponentList {
 // Enters classes in the registry at `path`, in place of earlier ones of the same identifiers. Classes with
 // files below the registry's folder are entered relative to it. The file, and its folder, are made when they
 // are not there; changes by several programs at once are all kept. Throws for a registry with a fault, which
-// stays as it is, and for what cannot be written.
+// stays as it is, for what cannot be written, and for an identifier that is empty or has control characters.
 void EnterClasses(const std::string& path, const std::vector<RegisteredClass>& classes);
 
 // Takes out the classes with that identifier or that file; returns their identifiers. Throws as above.

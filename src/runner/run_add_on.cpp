@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/text/utf8.h"
 #include "runner/component_list.h"
 #include "runner/forwarded_questions.h"
 #include "runner/talk_with_tool.h"
@@ -28,7 +29,7 @@ std::string WithoutMnemonic(std::string_view caption) {
     std::string plain;
     for (std::size_t i = 0; i < caption.size(); ++i) {
         const auto rest = caption.substr(i);
-        if (rest.size() > 3 && rest.starts_with("(&") && rest[3] == ')') {
+        if (rest.size() > 3 && rest.starts_with("(&") && rest[2] != '&' && rest[3] == ')') {
             i += 3;
             continue;
         }
@@ -46,19 +47,40 @@ std::vector<std::string> CommandOf(const ComponentState& state, const AddOnEntry
     return {state.programFolder + "/tessel-addon-host", found.file, found.progID, entry.param};
 }
 
-// While it lives, the component asks these questions.
-class QuestionsInstead {
+// While it lives, another one stands in this place.
+template <typename T>
+class Instead {
   public:
-    QuestionsInstead(ComponentState& state, std::shared_ptr<host::Questions> questions)
-        : state_(state), before_(std::exchange(state.questions, std::move(questions))) {}
-    ~QuestionsInstead() { state_.questions = before_; }
-    QuestionsInstead(const QuestionsInstead&) = delete;
-    QuestionsInstead& operator=(const QuestionsInstead&) = delete;
+    Instead(T& place, T other) : place_(place), before_(std::exchange(place, std::move(other))) {}
+    ~Instead() { place_ = before_; }
+    Instead(const Instead&) = delete;
+    Instead& operator=(const Instead&) = delete;
 
   private:
-    ComponentState& state_;
-    std::shared_ptr<host::Questions> before_;
+    T& place_;
+    T before_;
 };
+
+// Adds the changes in its lifetime to the sum.
+class ChangesAdded {
+  public:
+    ChangesAdded(const db::Database& database, std::int64_t& sum)
+        : database_(database), sum_(sum), before_(database.ChangeCount()) {}
+    ~ChangesAdded() { sum_ += database_.ChangeCount() - before_; }
+    ChangesAdded(const ChangesAdded&) = delete;
+    ChangesAdded& operator=(const ChangesAdded&) = delete;
+
+  private:
+    const db::Database& database_;
+    std::int64_t& sum_;
+    std::int64_t before_;
+};
+
+std::string Shortened(const std::string& reason) {
+    constexpr std::size_t mostShown = 2000;  // characters
+    const auto shown = text::Left(reason, mostShown);
+    return std::string(shown) + (shown.size() < reason.size() ? "…" : "");
+}
 
 class AddOnRun {
   public:
@@ -112,10 +134,12 @@ class AddOnRun {
         const auto changesBefore = database_->ChangeCount();
         hasChanged_ = true;  // until it is known better: also when it fails in the middle of a change
         ToolEnd end = Talk(command);
-        hasChanged_ = database_->ChangeCount() != changesBefore;
+        const auto changes = database_->ChangeCount() - changesBefore;
+        hasChanged_ = changes != 0;
         const bool hasSucceeded = end.kind == ToolEnd::Kind::Succeeded;
         if (!hasSucceeded) TellFailure(end.reason);
-        if (!hasSucceeded && !(hasChanged_ && KeepsChanges(end))) return false;
+        const bool isLeft = changes != changesOfVerify_ && !transaction.IsLost();
+        if (!hasSucceeded && !(isLeft && KeepsChanges(end))) return false;
         transaction.Commit();
         hasChanged_ = false;
         if (!hasSucceeded) return false;
@@ -136,10 +160,20 @@ class AddOnRun {
 
     ToolEnd Talk(const std::vector<std::string>& command) {
         const auto questions = std::make_shared<ForwardedQuestions>(state_.questions);
-        const QuestionsInstead instead(state_, questions);
+        const Instead<std::shared_ptr<host::Questions>> asking(state_.questions, questions);
+        const Instead verifying(state_.verifySchema, CountingChanges(state_.verifySchema));
         CallServer server(state_, *questions);
         ToolProcess tool(command, settings_.folder);
-        return TalkWithTool(tool, server, settings_.watch, *state_.texts);
+        return TalkWithTool(tool, server, *database_, settings_.watch, *state_.texts);
+    }
+
+    // What it writes are no changes of the tool's.
+    std::function<void(ComponentState&)> CountingChanges(std::function<void(ComponentState&)> verify) {
+        if (!verify) return verify;
+        return [this, verify = std::move(verify)](ComponentState& state) {
+            const ChangesAdded added(*database_, changesOfVerify_);
+            verify(state);
+        };
     }
 
     bool KeepsChanges(const ToolEnd& end) {
@@ -151,7 +185,8 @@ class AddOnRun {
         return settings_.onFailure == OnFailure::Keep && end.kind != ToolEnd::Kind::Stopped;
     }
 
-    void TellFailure(const std::string& reason) {
+    void TellFailure(const std::string& wholeReason) {
+        const std::string reason = Shortened(wholeReason);
         Note(state_, activityText, {caption_}, state_.texts->Format(failedResultText, {FlattenText(reason)}));
         state_.questions->Show(
             {.text = state_.texts->Format(failedText, {caption_ + "\r", entry_.progID + "\r", entry_.param}),
@@ -180,6 +215,7 @@ class AddOnRun {
     std::shared_ptr<db::Database> database_;
     std::shared_ptr<ToolWindow> window_;
     bool hasChanged_ = false;  // the database, and the change is not kept
+    std::int64_t changesOfVerify_ = 0;
 };
 
 }  // namespace

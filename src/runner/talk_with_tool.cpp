@@ -4,6 +4,7 @@
 #include <chrono>
 #include <cstring>
 
+#include "platform/db/interruptible.h"
 #include "tessel/error.h"
 
 namespace tessel {
@@ -28,8 +29,9 @@ constexpr int deafText = 2729;
 
 class Conversation {
   public:
-    Conversation(ToolProcess& tool, CallServer& server, RunWatch& watch, const text::Texts& texts)
-        : tool_(tool), server_(server), watch_(watch), texts_(texts) {}
+    Conversation(ToolProcess& tool, CallServer& server, db::Database& database, RunWatch& watch,
+                 const text::Texts& texts)
+        : tool_(tool), server_(server), database_(database), watch_(watch), texts_(texts) {}
 
     ToolEnd Hold() {
         while (!end_) Step();
@@ -48,7 +50,7 @@ class Conversation {
                 Take(line);
                 break;
             case Event::Overlong:
-                Fail(texts_.Text(overlongText));
+                FailByItself(texts_.Text(overlongText));
                 break;
             case Event::Ended:
                 TakeEnd();
@@ -59,12 +61,14 @@ class Conversation {
         if (!end_ && !GoesOn()) end_ = {ToolEnd::Kind::Stopped, {}, texts_.Text(stoppedText)};
     }
 
-    // Asks in its rhythm also while lines come without a pause.
+    // Asks in its rhythm also while lines come without a pause. The watch may lead back here.
     bool GoesOn() {
-        if (Clock::now() - lastLook_ < lookEvery) return true;
-        const bool goesOn = watch_.GoesOn();
+        if (isStopped_ || isLooking_ || Clock::now() - lastLook_ < lookEvery) return !isStopped_;
+        isLooking_ = true;
+        isStopped_ = !watch_.GoesOn();
+        isLooking_ = false;
         lastLook_ = Clock::now();
-        return goesOn;
+        return !isStopped_;
     }
 
     void Take(const std::string& text) {
@@ -83,13 +87,14 @@ class Conversation {
 
     void TakeCall(const Json& line) {
         nonsense_ = 0;
-        if (tool_.Untaken() > mostUntaken) return Fail(texts_.Text(deafText));
+        if (tool_.Untaken() > mostUntaken) return FailByItself(texts_.Text(deafText));
+        const db::Interruptible call(database_, [this] { return GoesOn(); });
         tool_.Send(LineOf(server_.Answer(line)));
     }
 
     // Its writer may be waiting for an answer.
     void TakeNonsense(const std::string& text) {
-        if (++nonsense_ > mostNonsense) return Fail(texts_.Format(nonsenseText, {Shortened(text)}));
+        if (++nonsense_ > mostNonsense) return FailByItself(texts_.Format(nonsenseText, {Shortened(text)}));
         tool_.Send(LineOf(server_.Answer(std::string_view(text))));
     }
 
@@ -109,19 +114,22 @@ class Conversation {
         Fail(isText ? message->get<std::string>() : LineOf(error));
     }
 
+    // What it said does not count when it ended badly afterwards, but a failure keeps its own reason.
     void TakeEnd() {
+        if (end_ && end_->kind != ToolEnd::Kind::Succeeded) return;
         if (tool_.Signal() != 0)
-            Fail(texts_.Format(signalText, {std::to_string(tool_.Signal()), strsignal(tool_.Signal())}));
+            FailByItself(
+                texts_.Format(signalText, {std::to_string(tool_.Signal()), strsignal(tool_.Signal())}));
         else if (tool_.ExitCode() != 0)
-            Fail(texts_.Format(exitCodeText, {std::to_string(tool_.ExitCode())}));
-        else
+            FailByItself(texts_.Format(exitCodeText, {std::to_string(tool_.ExitCode())}));
+        else if (!end_)
             end_ = ToolEnd{};
     }
 
-    void Fail(std::string reason) {
-        if (!isSaid_) reason += LastComplaints();
-        end_ = {ToolEnd::Kind::Failed, {}, std::move(reason)};
-    }
+    void Fail(std::string reason) { end_ = {ToolEnd::Kind::Failed, {}, std::move(reason)}; }
+
+    // Of a tool that did not say why.
+    void FailByItself(const std::string& reason) { Fail(reason + LastComplaints()); }
 
     // The last lines of its error output, each on a line of its own.
     [[nodiscard]] std::string LastComplaints() const {
@@ -145,24 +153,29 @@ class Conversation {
         std::string line;
         while (Clock::now() < latest && GoesOn()) {
             const Event event = tool_.Next(lookEvery, line);
-            if (event == Event::Ended || event == Event::Overlong) return;
+            if (event == Event::Ended) return TakeEnd();
+            if (event == Event::Overlong) return;
         }
     }
 
     ToolProcess& tool_;
     CallServer& server_;
+    db::Database& database_;
     RunWatch& watch_;
     const text::Texts& texts_;
     std::optional<ToolEnd> end_;
     bool isSaid_ = false;  // the tool itself said how it ended
     int nonsense_ = 0;     // lines in a row
+    bool isLooking_ = false;
+    bool isStopped_ = false;
     Clock::time_point lastLook_ = Clock::now();
 };
 
 }  // namespace
 
-ToolEnd TalkWithTool(ToolProcess& tool, CallServer& server, RunWatch& watch, const text::Texts& texts) {
-    return Conversation(tool, server, watch, texts).Hold();
+ToolEnd TalkWithTool(ToolProcess& tool, CallServer& server, db::Database& database, RunWatch& watch,
+                     const text::Texts& texts) {
+    return Conversation(tool, server, database, watch, texts).Hold();
 }
 
 }  // namespace tessel

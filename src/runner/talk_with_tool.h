@@ -22,8 +22,9 @@ struct ToolEnd {
 // itself, is stopped by `watch`, or breaks the rules:
 //   - more than 100 lines in a row that are no calls, or one line that is too long;
 //   - calls without end whose answers it does not read.
-// Afterwards it runs no longer.
-[[nodiscard]] ToolEnd TalkWithTool(ToolProcess& tool, CallServer& server, RunWatch& watch,
-                                   const text::Texts& texts);
+// Afterwards it runs no longer. `watch` is asked also while a call works on the database. A tool that says a
+// result and then ends with an exit code other than 0, or by a signal, has failed.
+[[nodiscard]] ToolEnd TalkWithTool(ToolProcess& tool, CallServer& server, db::Database& database,
+                                   RunWatch& watch, const text::Texts& texts);
 
 }  // namespace tessel

@@ -207,6 +207,11 @@ void ToolProcess::ReadTheRest() {
 }
 
 bool ToolProcess::NoticeEnd() {
+    siginfo_t news{};
+    const bool isThere = waitid(P_PID, id_t(process_), &news, WEXITED | WNOHANG | WNOWAIT) == 0;
+    if (isThere && news.si_pid == 0) return false;
+    // What it started ends with it. As long as it is not waited for nobody else gets its number.
+    if (isThere) kill(-process_, SIGKILL);
     const pid_t ended = waitpid(process_, &status_, WNOHANG);
     // Where children are not waited for nobody knows how it ended, so it did not end well.
     if (ended < 0 && errno == ECHILD) status_ = W_EXITCODE(EXIT_FAILURE, 0);

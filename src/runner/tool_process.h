@@ -14,7 +14,8 @@
 namespace tessel {
 
 // A program that runs beside the editor in a process group of its own, its standard streams in the editor's
-// hands. Nothing here waits for it longer than asked. What still runs in the end is killed.
+// hands. Nothing here waits for it longer than asked. What still runs of the group when the program has ended
+// by itself, or in the end, is killed.
 class ToolProcess {
   public:
     enum class Event {

@@ -7,7 +7,9 @@
 
 #include <cerrno>
 #include <cstring>
+#include <deque>
 #include <filesystem>
+#include <utility>
 
 #include "tessel/error.h"
 
@@ -54,23 +56,51 @@ std::string WhyForeign(const fs::path& file) {
         file.string());
 }
 
-// Of the file and each folder above it.
-std::string WhyOpenAlong(fs::path path) {
-    for (; path.has_relative_path(); path = path.parent_path())
-        if (auto why = WhyOpen(path); !why.empty()) return why;
-    return WhyOpen(path);
-}
+// Goes down a path part by part, through its links.
+class Walk {
+  public:
+    explicit Walk(const fs::path& path) { Go(path); }
+
+    // Whether there is a further part.
+    bool Next() {
+        if (parts_.empty()) return false;
+        const fs::path part = std::exchange(parts_.front(), {});
+        parts_.pop_front();
+        std::error_code fault;
+        if (const auto target = fs::read_symlink(at_ / part, fault); !fault && ++links_ <= mostLinks)
+            Go(target);
+        else
+            at_ = part == ".." ? at_.parent_path() : at_ / part;
+        return true;
+    }
+
+    [[nodiscard]] const fs::path& At() const { return at_; }
+
+  private:
+    void Go(const fs::path& path) {
+        if (path.is_absolute()) at_ = "/";
+        const auto relative = path.relative_path();
+        std::deque<fs::path> parts(relative.begin(), relative.end());
+        std::erase_if(parts, [](const auto& part) { return part.empty() || part == "."; });
+        parts_.insert(parts_.begin(), parts.begin(), parts.end());
+    }
+
+    static constexpr int mostLinks = 40;
+
+    fs::path at_ = "/";  // no link
+    std::deque<fs::path> parts_;
+    int links_ = 0;
+};
 
 }  // namespace
 
 std::string WhyNotTrusted(const std::string& path) {
     // Where a link stands counts as much as where it leads.
-    if (auto why = WhyOpenAlong(fs::path(path).parent_path()); !why.empty()) return why;
-    std::error_code fault;
-    const auto target = fs::canonical(path, fault);
-    if (fault) return fmt::format("{} cannot be examined: {}.", path, fault.message());
-    if (auto why = WhyOpenAlong(target); !why.empty()) return why;
-    return WhyForeign(target);
+    Walk walk(path);
+    do
+        if (auto why = WhyOpen(walk.At()); !why.empty()) return why;
+    while (walk.Next());
+    return WhyForeign(walk.At());
 }
 
 void RefuseUntrusted(const std::string& path) {

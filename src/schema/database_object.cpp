@@ -4,6 +4,12 @@
 
 namespace tessel {
 
+namespace {
+
+constexpr db::QueryLimit mostAtOnce{.rows = 1'000'000, .bytes = 64 * 1024 * 1024};
+
+}  // namespace
+
 Value DatabaseObject::Call(std::string_view member, CallKind kind, Arguments& arguments) {
     static const MemberTable<DatabaseObject> members{
         Getter<&DatabaseObject::Name>("Name"),
@@ -16,7 +22,7 @@ Value DatabaseObject::Call(std::string_view member, CallKind kind, Arguments& ar
 
 std::shared_ptr<Collection> DatabaseObject::Select(const std::string& sql) {
     auto rows = std::make_shared<Collection>();
-    for (auto query = database_->Select(sql); query.Next();) {
+    for (auto query = database_->Select(sql, mostAtOnce); query.Next();) {
         auto row = std::make_shared<Collection>();
         for (const auto& field : query.Fields())
             if (!row->HasKey(field)) row->Add(query[field], field);

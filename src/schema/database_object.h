@@ -12,7 +12,8 @@ namespace tessel {
 //   Execute(sql)     runs a statement that changes rows; returns how many it touched
 //   RecordsAffected  how many rows the last Execute touched
 //   Select(sql)      the rows of a query, a collection under the keys "1", "2", ...;
-//                    each row is a collection of its fields by name
+//                    each row is a collection of its fields by name; more than 1,000,000 rows, or 64 MiB,
+//                    throws ErrorKind::Sql
 class DatabaseObject : public Object {
   public:
     explicit DatabaseObject(std::shared_ptr<db::Database> database) : database_(std::move(database)) {}

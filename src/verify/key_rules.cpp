@@ -34,10 +34,11 @@ class KeyRules {
     void RecordKey(Rule rule) { findings_.Record(Place::Key(tabID_, keyID_), rule, {keyName_}); }
 
     void ReadReferencedColumns() {
-        for (auto column = findings_.Select(
-                 "select C.*, FKC.ColumnID as LinkedColId from ForeignKeyColumns FKC, Columns C where "
-                 "FKC.KeyID = " +
-                 std::to_string(keyID_) + " and FKC.RefColumnID = C.ColumnID");
+        for (auto column =
+                 findings_.Select("select C.ColumnID, C.ColumnName, C.TypeID, C.Precision, C.Scale, "
+                                  "FKC.ColumnID as LinkedColId from ForeignKeyColumns FKC, Columns C where "
+                                  "FKC.KeyID = " +
+                                  std::to_string(keyID_) + " and FKC.RefColumnID = C.ColumnID");
              column.Next();) {
             const std::int32_t columnID = column.Integer("ColumnID");
             if (column.Integer("LinkedColId") == columnID)
@@ -56,8 +57,8 @@ class KeyRules {
 
     bool HasUniqueIndex() {
         VNTWS& workspace = *WorkspaceOf(findings_.State());
-        for (auto index = findings_.Select(
-                 "select * from Indices where TabId = " + std::to_string(refTabID_) + " and Unique = True");
+        for (auto index = findings_.Select("select IndexID from Indices where TabId = " +
+                                           std::to_string(refTabID_) + " and Unique = True");
              index.Next();)
             if (workspace.IndexMatch(index.Integer("IndexID"), referenced_)) return true;
         return false;
@@ -65,10 +66,10 @@ class KeyRules {
 
     // A column whose referenced column is not there matches no type.
     void CheckTypes() {
-        for (auto column =
-                 findings_.Select("select C.*, FKC.RefColumnID from ForeignKeyColumns FKC, Columns C where "
-                                  "FKC.KeyID = " +
-                                  std::to_string(keyID_) + " and FKC.ColumnID = C.ColumnID");
+        for (auto column = findings_.Select("select C.TypeID, C.Precision, C.Scale, FKC.RefColumnID from "
+                                            "ForeignKeyColumns FKC, Columns C where "
+                                            "FKC.KeyID = " +
+                                            std::to_string(keyID_) + " and FKC.ColumnID = C.ColumnID");
              column.Next();) {
             const Value* type = referenced_.Find(ColumnKey(column.Integer("RefColumnID")));
             if (!type || *type != Value(TypeText(findings_.State().sqlTypes, column)))

@@ -21,8 +21,9 @@ void CheckColumn(Findings& findings, std::int32_t tabID, const db::Query& column
 
 void CheckIndex(Findings& findings, std::int32_t tabID, const db::Query& index) {
     const std::string indexName = index.Text("IndexName");
-    auto column = findings.Select("select C.* from IndexColumns IC, Columns C where IC.IndexID =" +
-                                  std::to_string(index.Integer("IndexID")) + " and IC.ColumnID = C.ColumnID");
+    auto column = findings.Select(
+        "select C.ColumnID, C.ColumnName, C.IsNullable from IndexColumns IC, Columns C where IC.IndexID =" +
+        std::to_string(index.Integer("IndexID")) + " and IC.ColumnID = C.ColumnID");
     if (!column.Next()) return findings.Record(Place::Index(tabID), Rule::IndexEmpty, {indexName});
     if (!index.Boolean("Unique")) return;
     do {
@@ -41,7 +42,9 @@ void CheckTableName(Findings& findings, std::int32_t tabID, const std::string& t
 }
 
 void CheckColumns(Findings& findings, std::int32_t tabID) {
-    auto column = findings.Select("select * from Columns where TabID=" + std::to_string(tabID));
+    auto column =
+        findings.Select("select ColumnID, ColumnName, TypeID, Precision, Scale from Columns where TabID=" +
+                        std::to_string(tabID));
     if (!column.Next()) return findings.Record(Place::Table(tabID), Rule::NoColumns);
     do {
         CheckColumn(findings, tabID, column);
@@ -49,7 +52,8 @@ void CheckColumns(Findings& findings, std::int32_t tabID) {
 }
 
 void CheckIndexes(Findings& findings, std::int32_t tabID) {
-    for (auto index = findings.Select("select * from Indices where TabID =" + std::to_string(tabID));
+    for (auto index = findings.Select("select IndexID, IndexName, [Unique] from Indices where TabID =" +
+                                      std::to_string(tabID));
          index.Next();)
         CheckIndex(findings, tabID, index);
 }

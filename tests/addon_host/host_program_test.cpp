@@ -31,6 +31,7 @@ TEST(AddOnHost, EndsWithTheResultOrTheError) {
         {"Test.Throw", "", {R"({"error":{"message":"it \"went\" wrong\nin two lines"}})", "0"}},
         {"Test.Throw", "number", {R"({"error":{"message":"The add-on failed without saying why."}})", "0"}},
         {"Test.Crash", "", {"-1"}},
+        {"Test.Exit", "", {"2"}},
         {"Test.OwnObject",
          "",
          {R"({"error":{"message":"An object of the add-on's own cannot be passed to the editor."}})", "0"}},
@@ -99,7 +100,7 @@ TEST(AddOnHost, SaysWhyALibraryDoesNotLoad) {
 TEST(AddOnHost, ListsItsClasses) {
     ChildProgram host({TESSEL_ADDON_HOST, "--classes", TESSEL_TEST_ADD_ON});
     EXPECT_EQ(host.Feed({}), (Lines{"Test.Chatter", "Test.Ask", "Test.FailedCall", "Test.Throw", "Test.Crash",
-                                    "Test.Hang", "Test.OwnObject"}));
+                                    "Test.Hang", "Test.OwnObject", "Test.Exit"}));
     EXPECT_EQ(host.Wait(), 0);
     EXPECT_EQ(ChildProgram({TESSEL_ADDON_HOST}).Wait(), 2);
 }

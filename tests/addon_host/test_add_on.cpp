@@ -1,6 +1,7 @@
 #include <unistd.h>
 
 #include <csignal>
+#include <cstdlib>
 #include <iostream>
 #include <string>
 
@@ -62,6 +63,10 @@ Value Crash(const std::shared_ptr<Object>&, const std::shared_ptr<VNTWS>&, const
     return Value(std::raise(SIGKILL));
 }
 
+Value Exit(const std::shared_ptr<Object>&, const std::shared_ptr<VNTWS>&, const std::string&) {
+    std::exit(EXIT_SUCCESS);
+}
+
 Value Hang(const std::shared_ptr<Object>&, const std::shared_ptr<VNTWS>&, const std::string&) {
     std::cerr << "hanging" << std::endl;
     for (;;) pause();
@@ -76,4 +81,4 @@ Value OwnObject(const std::shared_ptr<Object>&, const std::shared_ptr<VNTWS>&, c
 TESSEL_COMPONENT({"Test.Chatter", MakeObject<Tool<Chatter>>}, {"Test.Ask", MakeObject<Tool<Ask>>},
                  {"Test.FailedCall", MakeObject<Tool<FailedCall>>}, {"Test.Throw", MakeObject<Tool<Throw>>},
                  {"Test.Crash", MakeObject<Tool<Crash>>}, {"Test.Hang", MakeObject<Tool<Hang>>},
-                 {"Test.OwnObject", MakeObject<Tool<OwnObject>>})
+                 {"Test.OwnObject", MakeObject<Tool<OwnObject>>}, {"Test.Exit", MakeObject<Tool<Exit>>})

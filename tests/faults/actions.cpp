@@ -19,11 +19,7 @@ using Selection = PropertiesList::Selection;
 
 constexpr bool silent = false;
 constexpr bool inParts = true;
-
-// An action of the workspace, which tells its caller alone.
-Prepare Call(bool (*call)(VNTWS&, DateTime)) {
-    return [call](Around& around) { return [&around, call] { return call(around.workspace, around.date); }; };
-}
+constexpr bool isSlow = true;
 
 std::shared_ptr<PropertiesList> Listed(Around& around, PropertiesTab tab, std::int32_t table = 1) {
     auto list = std::make_shared<PropertiesList>(around.state);
@@ -136,46 +132,15 @@ Step ImportColumn(Around& around) {
     };
 }
 
-std::vector<Action> OfTheWorkspace() {
-    std::int32_t static id = -1;
-    std::string static name;
-    return {
-        {"TableAdd", Call([](VNTWS& ws, DateTime date) {
-             return ws.TableAdd("New", id, Null{}, date, Null{}, "obj:o1");
-         }),
-         silent},
-        {"TableDrop", Call([](VNTWS& ws, DateTime) { return ws.TableDrop(1); }), silent},
-        {"TableUpdate",
-         Call([](VNTWS& ws, DateTime) { return ws.TableUpdate(1, "Other", "FAST", "note", 2); }), silent},
-        {"ColumnAdd", Call([](VNTWS& ws, DateTime date) {
-             name = "A";
-             return ws.ColumnAdd(1, name, 4, 0, 0, true, Null{}, "7", date, Null{}, Null{}, 1, id);
-         }),
-         silent},
-        {"ColumnImport", ImportColumn, silent},
-        {"ColumnCopy", Call([](VNTWS& ws, DateTime) { return ws.ColumnCopy(4, 1, 1) != -1; }), silent},
-        {"ColumnDrop", Call([](VNTWS& ws, DateTime) { return ws.ColumnDrop(2); }), silent},
-        {"ColumnUpdate",
-         Call([](VNTWS& ws, DateTime) { return ws.ColumnUpdate(1, "D", 12, 9, 0, true, "note", "7"); }),
-         silent},
-        {"PrimaryAdd", Call([](VNTWS& ws, DateTime) { return ws.PrimaryAdd(2) != -1; }), silent},
-        {"IndexAdd", Call([](VNTWS& ws, DateTime) { return ws.IndexAdd(1, "New", id); }), silent},
-        {"IndexUpdate", Call([](VNTWS& ws, DateTime) { return ws.IndexUpdate(2, "Other", true, "note"); }),
-         silent},
-        {"IndexDrop", Call([](VNTWS& ws, DateTime) { return ws.IndexDrop(2); }), silent},
-        {"ForeignAdd", Call([](VNTWS& ws, DateTime) { return ws.ForeignAdd(2, 1, "New", id); }), silent},
-        {"ForeignUpdate", Call([](VNTWS& ws, DateTime) { return ws.ForeignUpdate(1, "Other", "C", "x"); }),
-         silent},
-        {"ForeignDrop", Call([](VNTWS& ws, DateTime) { return ws.ForeignDrop(1); }), silent},
-        {"SetProjectSettings", Call([](VNTWS& ws, DateTime) {
-             ws.SetProjectSettings("Verified", "");
-             return true;
-         }),
-         silent},
-    };
+Step MakePrimaryIndex(Around& around) {
+    return [&around] { return around.workspace.PrimaryAdd(2) != -1; };
 }
 
-std::vector<Action> OfTheWindow() {
+Step ChoosePrimaryIndex(Around& around) {
+    return [&around] { return around.workspace.TableUpdate(1, "Other", "FAST", "note", 2); };
+}
+
+std::vector<Action> All() {
     using enum PropertiesTab;
     return {
         {"new table",
@@ -209,29 +174,34 @@ std::vector<Action> OfTheWindow() {
         {"rename index", OnTab(Indexes, [](PropertiesList& list) { return list.Rename(0, "Z"); })},
         {"rename key", OnTab(Keys, [](PropertiesList& list) { return list.Rename(0, "Z"); })},
         {"drag", OnTab(Columns, [](PropertiesList& list) { return list.MoveColumn(2, 0); })},
-        {"drop columns", DropFrom(Columns, {0, 1}), true, {Answer::OK}, 1, inParts},
-        {"drop indexes", DropFrom(Indexes, {0, 1}), true, {Answer::OK, Answer::OK}, 1, inParts},
+        {"drop columns", DropFrom(Columns, {0, 1}), true, {Answer::OK}, inParts},
+        {"drop indexes", DropFrom(Indexes, {0, 1}), true, {Answer::OK, Answer::OK}, inParts},
         {"drop key", DropFrom(Keys, {0}), true, {Answer::OK}},
-        {"cut and paste", PasteCut, true, {}, 1, inParts},
+        {"cut and paste", PasteCut, true, {}, inParts},
         {"verification", Verify, silent},
-        {"import", Import, silent, {}, 1, inParts},
-        {"add-on", [](Around& around) { return RunTool(around, "Tool", OnFailure::Drop); }, true, {}, 5},
+        {"column import", ImportColumn, silent},
+        {"primary index", MakePrimaryIndex, silent},
+        {"primary index of a table", ChoosePrimaryIndex, silent},
+        {"import", Import, silent, {}, inParts},
+        {"add-on",
+         [](Around& around) { return RunTool(around, "Tool", OnFailure::Drop); },
+         true,
+         {},
+         false,
+         isSlow},
         {"add-on that fails",
          [](Around& around) { return RunTool(around, "Fails", OnFailure::Keep); },
          true,
          {},
-         5},
+         false,
+         isSlow},
     };
 }
 
 }  // namespace
 
 const std::vector<Action>& Actions() {
-    static const std::vector<Action> actions = [] {
-        std::vector<Action> all = OfTheWorkspace();
-        for (Action& action : OfTheWindow()) all.push_back(std::move(action));
-        return all;
-    }();
+    static const std::vector<Action> actions = All();
     return actions;
 }
 

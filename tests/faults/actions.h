@@ -27,8 +27,8 @@ struct Action {
     std::function<Step(Surroundings&)> prepare;  // all that comes before the user confirms
     bool tells = true;                           // the user of a failure
     std::deque<QueuedAnswer> answers{};          // to what each step asks
-    std::size_t stride = 1;                      // every that many operations are tried
     bool inParts = false;                        // of which one that fails does not undo the others
+    bool isSlow = false;
 };
 
 [[nodiscard]] const std::vector<Action>& Actions();

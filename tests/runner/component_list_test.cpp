@@ -1,5 +1,8 @@
 #include "runner/component_list.h"
 
+#include <sys/stat.h>
+
+#include <functional>
 #include <thread>
 
 #include "runner/library_classes.h"
@@ -66,6 +69,29 @@ TEST_F(Components, OfADamagedRegistryAreAbsentAndItStaysAsItIs) {
     }
 }
 
+TEST_F(Components, OfNoOrdinaryFileAreAFault) {
+    const std::string path = programs + "/components.xml";
+    const std::function<void()> makings[] = {
+        [&] { fs::create_directory(path); },
+        [&] { fs::create_symlink(folder / "none", path); },
+        [&] { ASSERT_EQ(mkfifo(path.c_str(), S_IRWXU), 0); },
+    };
+    for (const auto& make : makings) {
+        make();
+        EXPECT_NE(Found("A").find(path), std::string::npos) << Found("A");
+        EXPECT_THROW(EnterClasses(path, {{"B", Kind::Program, "/b"}}), Error);
+        EXPECT_THROW(RemoveClasses(path, "A"), Error);
+        fs::remove(path);
+    }
+}
+
+TEST_F(Components, AreNotEnteredUnderUnfitNames) {
+    for (const char* progID : {"", " ", "A\nB", "A\x7f"})
+        EXPECT_THROW(EnterClasses(user, {{"Fit", Kind::Program, "/f"}, {progID, Kind::Program, "/p"}}),
+                     Error);
+    EXPECT_FALSE(fs::exists(user));
+}
+
 TEST_F(Components, EnteredAtOnceAreAllKept) {
     constexpr int writers = 8;
     std::vector<std::thread> writing;
@@ -105,6 +131,15 @@ TEST_F(Components, ThatOthersMayReplaceAreNotTrusted) {
         fs::permissions(path, mine);
     }
     EXPECT_FALSE(WhyNotTrusted(folder / "none").empty());
+    fs::create_directory(folder / "open");
+    fs::permissions(folder / "open", fs::perms::all);
+    fs::create_symlink("../a/./b", folder / "open/middle");
+    fs::create_symlink("open/middle", folder / "first");
+    EXPECT_NE(WhyNotTrusted(folder / "first/file").find("/open, so"), std::string::npos);
+    fs::permissions(folder / "open", mine);
+    EXPECT_EQ(WhyNotTrusted(folder / "first/file"), "");
+    fs::create_symlink("loop", folder / "loop");
+    EXPECT_FALSE(WhyNotTrusted(folder / "loop").empty());
     WriteRegistry("<CLASS PROGID='A' PROGRAM='/a'/>");
     fs::permissions(programs + "/components.xml", mine | fs::perms::others_write);
     EXPECT_NE(Found("A").find("chmod o-w"), std::string::npos) << Found("A");

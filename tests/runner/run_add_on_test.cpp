@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <filesystem>
 
 #include "runner/runner_test.h"
@@ -92,7 +93,6 @@ TEST_F(RunningAddOns, SucceedHoweverTheyLeave) {
         "sleep 20 & exit 0",
         "sleep 20 & echo '{\"result\":null}'",
         "echo '{\"result\":null}'; sleep 60",
-        "echo '{\"result\":null}'; exit 3",
         "yes complaint | head -c 300000 >&2",
         "for i in 1 2 3 4 5; do yes | head -60; call '{\"member\":\"ToolID\"}'; done",
         "call '{\"member\":\"Verify\"}'; case $answer in *broken*) ;; *) exit 8;; esac",
@@ -115,6 +115,9 @@ TEST_F(RunningAddOns, FailAndSayWhy) {
         {"echo '{\"error\":7}'", "7"},
         {"echo went wrong >&2; exit 3", "It ended with the exit code 3."},
         {"kill -SEGV $$", "It was ended by the signal 11 (Segmentation fault)."},
+        {"echo '{\"result\":null}'; exit 3", "It ended with the exit code 3."},
+        {"echo '{\"result\":null}'; kill -KILL $$", "It was ended by the signal 9 (Killed)."},
+        {"printf '{\"error\":\"%03000d\"}' 0", '"' + std::string(1999, '0') + "…"},
         {"yes hello", "It goes on writing lines that are no calls, such as \"hello\"."},
         {"id=$(head -c 60000 /dev/zero | tr '\\0' x); yes "
          "\"{\\\"id\\\":\\\"$id\\\",\\\"member\\\":\\\"ToolID\\\"}\"",
@@ -128,9 +131,34 @@ TEST_F(RunningAddOns, FailAndSayWhy) {
         EXPECT_EQ(frontend->log->activities.back().result.find("Failed: " + reason), 0U);
     }
     EXPECT_GT(watch.looksLeft, 0);
-    watch.looksLeft = 2;
-    EXPECT_EQ(Run("sleep 60"), RunEnd::Failed);
-    EXPECT_EQ(Reason(), "It was stopped.");
+    for (int i = 0; i < 200; ++i)
+        Db().Execute("insert into Errors(TblID,KeyID,ColumnID,Message) values(0,0,0,'m')");
+    const std::string endless =
+        "select count(*) as N from Errors a, Errors b, Errors c, Errors d "
+        "where d.Message > a.Message";
+    const auto working = [](const std::string& member, const std::string& sql) {
+        return R"(call '{"on":"ProjectDB","member":")" + member + R"(","args":[")" + sql + "\"]}'";
+    };
+    const std::string atWork[] = {
+        "sleep 60", working("Select", endless),
+        addBook + working("Execute", "update Tables set TableName=null where (" + endless + ") = 1")};
+    for (const auto& script : atWork) {
+        watch.looksLeft = 2;
+        EXPECT_EQ(Run(script), RunEnd::Failed);
+        EXPECT_EQ(Reason(), "It was stopped.");
+        EXPECT_TRUE(Tables().empty());
+    }
+}
+
+TEST_F(RunningAddOns, TakeWhatTheyStartedWithThem) {
+    ASSERT_EQ(Run("sleep 60 >&- 2>&- & echo \"{\\\"result\\\":\\\"$!\\\"}\""), RunEnd::Succeeded) << Reason();
+    const std::string status = "/proc/" + ToText(result) + "/status";
+    const auto runs = [&] {
+        return files::FileExists(status) && Content(status).find("State:\tZ") == std::string::npos;
+    };
+    const auto latest = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    while (runs() && std::chrono::steady_clock::now() < latest) usleep(1000);
+    EXPECT_FALSE(runs());
 }
 
 TEST_F(RunningAddOns, ThatCannotStartSaySo) {
@@ -138,12 +166,12 @@ TEST_F(RunningAddOns, ThatCannotStartSaySo) {
         {"None", "There is no class with the identifier \"None\"."}, {"Gone", "/gone cannot be examined"}};
     for (const auto& [progID, reason] : cases) {
         entry.progID = progID;
-        entry.caption = "ツール(&T) && so";
+        entry.caption = "ツール(&T) && so (&&)";
         EXPECT_EQ(RunEntry(), RunEnd::Failed);
         const auto asked = questions->TakeAsked();
         ASSERT_EQ(asked.size(), 1U);
         EXPECT_EQ(asked[0].text,
-                  "Failed to start ツール & so\rProgID: " + std::string(progID) + "\rParam: x=1");
+                  "Failed to start ツール & so (&)\rProgID: " + std::string(progID) + "\rParam: x=1");
         EXPECT_EQ(asked[0].icon, host::Icon::Critical);
         EXPECT_NE(asked[0].detail.find(reason), std::string::npos) << asked[0].detail;
     }
@@ -181,6 +209,13 @@ TEST_F(RunningAddOns, ThatFailLeaveTheirChangesToTheUser) {
     }
 }
 
+TEST_F(RunningAddOns, ThatFailAfterTheyVerifiedHaveChangedNothing) {
+    AddTable("A");
+    EXPECT_EQ(Run("call '{\"member\":\"Verify\"}'\n" + failing), RunEnd::Failed);
+    EXPECT_TRUE(Rows("select Message from Errors").empty());
+    EXPECT_TRUE(window->errors.empty());
+}
+
 TEST_F(RunningAddOns, CannotEndTheirTransaction) {
     for (const char* statement : {"commit", "end", "rollback", "release level0", "begin"}) {
         const std::string execute =
@@ -216,6 +251,12 @@ TEST_F(RunningAddOns, ThatWantAVerifiedSchemaDoNotStartWithErrors) {
     EXPECT_EQ(Ws().MethodID(), "");
     AddColumn(table, "ID");
     EXPECT_EQ(Run(addBook), RunEnd::Succeeded) << Reason();
+    state.verifySchema = [this](ComponentState&) {
+        window->StartProgress("Verify", 1);
+        throw std::runtime_error("broken");
+    };
+    EXPECT_EQ(RunEntry(), RunEnd::Failed);
+    EXPECT_EQ(TakeNotes().back(), "finish");
 }
 
 TEST_F(RunningAddOns, WhoseChangesCannotBeKeptSaySo) {

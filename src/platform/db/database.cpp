@@ -1,6 +1,9 @@
 #include "platform/db/database.h"
 
+#include <fmt/format.h>
 #include <sqlite3.h>
+
+#include <span>
 
 #include "platform/db/dialect.h"
 #include "platform/db/engine.h"
@@ -28,6 +31,36 @@ Connection OpenChecked(const std::string& path, std::chrono::milliseconds busyWa
     ChooseJournal(connection.get());
     return connection;
 }
+
+// Measures what a query gives.
+class QueryMeter {
+  public:
+    explicit QueryMeter(const QueryLimit& most) : most_(most) {}
+
+    // Whether one more row is within the limit.
+    bool Take(std::span<const Value> row) {
+        for (const Value& value : row) bytes_ += SizeOf(value);
+        return ++rows_ <= most_.rows && bytes_ <= most_.bytes;
+    }
+
+    [[noreturn]] void Refuse(std::string_view sql) const {
+        throw DatabaseError(ErrorKind::Sql,
+                            fmt::format("The query gives more than {} rows or {} MiB; ask for less at once.",
+                                        most_.rows, most_.bytes / (1024 * 1024)),
+                            std::string(sql));
+    }
+
+  private:
+    static std::size_t SizeOf(const Value& value) {
+        constexpr std::size_t fieldSize = 8;
+        const auto* text = value.As<std::string>();
+        return fieldSize + (text ? text->size() : 0);
+    }
+
+    const QueryLimit& most_;
+    std::size_t rows_ = 0;
+    std::size_t bytes_ = 0;
+};
 
 }  // namespace
 
@@ -57,7 +90,7 @@ int Database::RowsTouched() const { return engine_->rowsTouched; }
 
 std::int64_t Database::ChangeCount() const { return engine_->ChangeCount(); }
 
-Query Database::Select(std::string_view sql) {
+Query Database::Select(std::string_view sql, const QueryLimit& most) {
     const Rewritten rewritten = Rewrite(sql);
     Statement statement = engine_->Prepare(rewritten.text, sql);
     if (!statement.IsQuery() || statement.ChangesRows())
@@ -65,13 +98,28 @@ Query Database::Select(std::string_view sql) {
                             std::string(sql));
     statement.BindAll(rewritten.parameters);
     Query::Rows rows;
-    while (statement.Step()) statement.AppendRow(rows.values);
+    for (QueryMeter meter(most); statement.Step();) {
+        statement.AppendRow(rows.values);
+        if (!meter.Take(std::span(rows.values).last(statement.Fields()->size()))) meter.Refuse(sql);
+    }
     rows.fields = statement.Fields();
     return Query(std::move(rows), std::string(sql));
 }
 
 TableSet Database::OpenTable(std::string_view table) {
     return TableSet(std::make_unique<TableSet::State>(*engine_, engine_->Table(table)));
+}
+
+std::string Database::Copy() {
+    sqlite3* const connection = engine_->connection.get();
+    // The engine does not read a file that has left its journal behind. Nobody changes such a file any more.
+    if (HasMoved(connection)) return ReadWholeFile(connection, engine_->path);
+    sqlite3_int64 size = 0;
+    const std::unique_ptr<unsigned char, decltype(&sqlite3_free)> content(
+        sqlite3_serialize(connection, "main", &size, 0), &sqlite3_free);
+    if (!content) ThrowLastError(connection, {});
+    const auto* first = reinterpret_cast<const char*>(content.get());
+    return {first, static_cast<std::size_t>(size)};
 }
 
 void Database::RefreshCache() { engine_->tables.clear(); }

@@ -36,11 +36,15 @@ class Database {
     // A count that grows with each row changed here, and falls back as a Transaction undoes its part.
     [[nodiscard]] std::int64_t ChangeCount() const;
 
-    // Runs one query and copies its rows, so that the tables may change while they are read.
-    [[nodiscard]] Query Select(std::string_view sql);
+    // Runs one query and copies its rows, so that the tables may change while they are read. More than `most`
+    // throws ErrorKind::Sql.
+    [[nodiscard]] Query Select(std::string_view sql, const QueryLimit& most = {});
 
     // A record set on the table (name in any letter case). It must not outlive the database.
     [[nodiscard]] TableSet OpenTable(std::string_view table);
+
+    // All that the database holds now, as the content of a file of its own; also while its own file is gone.
+    [[nodiscard]] std::string Copy();
 
     // Forgets what was read before, so that changes by other processes show at the next read.
     void RefreshCache();
@@ -49,6 +53,7 @@ class Database {
 
   private:
     explicit Database(std::unique_ptr<Engine> engine);
+    friend class Interruptible;
     friend class Transaction;
     std::unique_ptr<Engine> engine_;
 };
@@ -63,6 +68,9 @@ class Transaction {
     Transaction& operator=(const Transaction&) = delete;
 
     void Commit();  // a failure throws, and everything is undone
+
+    // Whether the engine has undone it already, after a failure or an interruption.
+    [[nodiscard]] bool IsLost() const;
 
   private:
     void Undo() noexcept;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <limits>
+#include <utility>
 
 #include "platform/db/engine_error.h"
 #include "platform/text/utf8.h"
@@ -25,6 +26,20 @@ void Configure(sqlite3* connection, std::chrono::milliseconds busyWait) {
     sqlite3_db_config(connection, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
     sqlite3_db_config(connection, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
 }
+
+// While it lives, the question is not there.
+class NotAsking {
+  public:
+    explicit NotAsking(std::function<bool()>& question)
+        : question_(question), held_(std::exchange(question, nullptr)) {}
+    ~NotAsking() { question_ = std::move(held_); }
+    NotAsking(const NotAsking&) = delete;
+    NotAsking& operator=(const NotAsking&) = delete;
+
+  private:
+    std::function<bool()>& question_;
+    std::function<bool()> held_;
+};
 
 }  // namespace
 
@@ -64,6 +79,7 @@ void Database::Engine::RefuseLostTransaction(std::string_view sql) const {
 }
 
 void Database::Engine::Control(const std::string& sql) {
+    const NotAsking notAsking(goesOn);
     Statement statement(statements, sql, sql);
     statement.Step();
 }

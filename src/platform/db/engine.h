@@ -2,6 +2,7 @@
 
 #include <chrono>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -44,7 +45,7 @@ struct Database::Engine {
     // As stored; Null when nothing is stored of the table.
     [[nodiscard]] Value LastIdentifier(const std::string& table);
 
-    // Begins, ends or undoes a transaction.
+    // Begins, ends or undoes a transaction, whatever `goesOn` says.
     void Control(const std::string& sql);
     [[nodiscard]] bool InTransaction() const;  // as the engine sees it
     void RefuseLostTransaction(std::string_view sql) const;
@@ -60,6 +61,7 @@ struct Database::Engine {
     int depth = 0;                                                             // of open Transactions
     int rowsTouched = 0;
     std::int64_t changesUndone = 0;  // rows
+    std::function<bool()> goesOn;    // of the Interruptible that lives
 };
 
 }  // namespace tessel::db

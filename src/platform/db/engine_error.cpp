@@ -44,11 +44,22 @@ std::string_view AdviceFor(ErrorKind kind) {
     return {};
 }
 
+bool HasMoved(sqlite3* connection) {
+    int hasMoved = 0;
+    sqlite3_file_control(connection, "main", SQLITE_FCNTL_HAS_MOVED, &hasMoved);
+    return hasMoved != 0;
+}
+
 void ThrowLastError(sqlite3* connection, std::string_view sql) {
     const ErrorKind kind = KindOfCode(sqlite3_extended_errcode(connection));
     const std::string_view advice = AdviceFor(kind);
     const char* const path = sqlite3_db_filename(connection, "main");
-    std::string message = "The database \"" + std::string(path ? path : "") + "\" failed with: ";
+    std::string message = "The database \"" + std::string(path ? path : "") + "\" ";
+    if ((kind == ErrorKind::ReadOnly || kind == ErrorKind::Io) && HasMoved(connection))
+        throw DatabaseError(ErrorKind::Missing,
+                            message + "is no longer there, or another file has taken its place; put it back.",
+                            std::string(sql));
+    message += "failed with: ";
     message += sqlite3_errmsg(connection);
     if (!advice.empty()) message.append("; ").append(advice);
     throw DatabaseError(kind, message + ".", std::string(sql));

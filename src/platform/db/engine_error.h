@@ -14,6 +14,9 @@ namespace tessel::db {
 // What a person can do about a failure of this kind; empty where the message says it all.
 [[nodiscard]] std::string_view AdviceFor(ErrorKind kind);
 
+// Whether the file that is open is no longer the one at its path.
+[[nodiscard]] bool HasMoved(sqlite3* connection);
+
 // Throws the connection's last failure. `sql` is the statement as its caller wrote it.
 [[noreturn]] void ThrowLastError(sqlite3* connection, std::string_view sql);
 

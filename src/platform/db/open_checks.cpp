@@ -6,6 +6,7 @@
 #include <array>
 #include <cstdint>
 #include <filesystem>
+#include <limits>
 #include <string_view>
 
 #include "platform/db/engine_error.h"
@@ -45,15 +46,14 @@ sqlite3_int64 FileSize(sqlite3* connection, const std::string& path) {
     return size;
 }
 
-std::string ReadHeader(sqlite3* connection, const std::string& path) {
-    const sqlite3_int64 size = FileSize(connection, path);
+// The first bytes of the file, as many as there are.
+std::string ReadStart(sqlite3* connection, const std::string& path, sqlite3_int64 most) {
+    const sqlite3_int64 size = std::min(FileSize(connection, path), most);
     sqlite3_file* const file = FileOf(connection);
-    std::string header(headerSize, '\0');
-    const int code = file->pMethods->xRead(file, header.data(), static_cast<int>(headerSize), 0);
-    if (code != SQLITE_OK && code != SQLITE_IOERR_SHORT_READ)
+    std::string content(static_cast<std::size_t>(size), '\0');
+    if (file->pMethods->xRead(file, content.data(), static_cast<int>(size), 0) != SQLITE_OK)
         Refuse(ErrorKind::Io, path, "it cannot be read");
-    header.resize(static_cast<std::size_t>(std::min<sqlite3_int64>(size, headerSize)));
-    return header;
+    return content;
 }
 
 std::uint32_t NumberAt(const std::string& header, std::size_t offset) {
@@ -93,6 +93,10 @@ bool HasParts(StatementCache& statements) {
 
 }  // namespace
 
+std::string ReadWholeFile(sqlite3* connection, const std::string& path) {
+    return ReadStart(connection, path, std::numeric_limits<int>::max());
+}
+
 void RefuseMissingFile(const std::string& path) {
     std::error_code error;
     if (std::filesystem::is_directory(path, error)) Refuse(ErrorKind::NotADatabase, path, "it is a folder");
@@ -102,7 +106,7 @@ void RefuseMissingFile(const std::string& path) {
 }
 
 void RefuseForeignHeader(sqlite3* connection, const std::string& path) {
-    const std::string header = ReadHeader(connection, path);
+    const std::string header = ReadStart(connection, path, headerSize);
     if (header.empty()) Refuse(ErrorKind::Empty, path, "the file is empty; restore it from a backup");
     if (header.size() > jetMarkAt && header.substr(jetMarkAt).starts_with(jetMark))
         Refuse(ErrorKind::Jet, path,

@@ -19,4 +19,7 @@ void RefuseDamagedContent(sqlite3* connection, const std::string& path);
 // ReadOnly, Busy, Full, Io.
 void RefuseUnwritable(sqlite3* connection, const std::string& path);
 
+// The bytes of the file that is open, wherever it is by now.
+[[nodiscard]] std::string ReadWholeFile(sqlite3* connection, const std::string& path);
+
 }  // namespace tessel::db

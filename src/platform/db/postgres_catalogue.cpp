@@ -2,6 +2,7 @@
 
 #include <unordered_map>
 
+#include "platform/db/default_text.h"
 #include "platform/db/error.h"
 #include "platform/db/postgres_connection.h"
 #include "platform/db/postgres_default.h"
@@ -88,9 +89,10 @@ class CatalogueReader {
         for (auto row = Rows(postgres::columns); row.Next();) {
             SourceTable* const table = TableOf(row);
             if (!table) continue;
-            NoteColumn(table->name + "." + row.Text("name"), row);
+            const std::string what = table->name + "." + row.Text("name");
+            NoteColumn(what, row);
             table->columns.push_back({row.Text("name"), row.Text("type"), row.IsTrue("nullable"),
-                                      DefaultOf(row), row.Text("comment")});
+                                      DefaultOf(what, row), row.Text("comment")});
         }
     }
 
@@ -104,10 +106,12 @@ class CatalogueReader {
             Note(what, "its values come from a sequence, which is not taken");
     }
 
-    static std::optional<std::string> DefaultOf(const PostgresRows& row) {
+    std::optional<std::string> DefaultOf(const std::string& what, const PostgresRows& row) {
         const std::string expression = row.Text("expression");
         if (expression.empty() || row.IsTrue("computed") || IsFromSequence(expression)) return {};
-        return PostgresDefault(expression);
+        DefaultReading reading = PostgresDefault(expression);
+        if (reading.isExpression) Note(what, expressionLeftOut);
+        return std::move(reading.value);
     }
 
     void ReadIndexes() {

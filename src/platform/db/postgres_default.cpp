@@ -1,13 +1,24 @@
 #include "platform/db/postgres_default.h"
 
 #include <algorithm>
-
-#include "platform/text/utf8.h"
+#include <array>
 
 namespace tessel::db {
 namespace {
 
 constexpr auto none = std::string_view::npos;
+constexpr std::array<std::string_view, 3> constantWords{"NULL", "true", "false"};
+constexpr std::array<std::string_view, 6> momentWords{"CURRENT_DATE",   "CURRENT_TIME", "CURRENT_TIMESTAMP",
+                                                      "LOCALTIMESTAMP", "LOCALTIME",    "now()"};
+
+// The longest of the words that the text begins with; empty for none.
+template <typename Words>
+std::string_view WordAtStart(std::string_view text, const Words& words) {
+    std::string_view longest;
+    for (const auto word : words)
+        if (text.starts_with(word) && word.size() > longest.size()) longest = word;
+    return longest;
+}
 
 // Behind the constant in quotes that begins at `start`.
 std::size_t EndOfConstant(std::string_view text, std::size_t start, bool hasEscapes) {
@@ -45,7 +56,8 @@ std::size_t EndOfOperand(std::string_view text) {
     if (text.starts_with('\'')) return EndOfConstant(text, 0, false);
     if (text.starts_with("E'")) return EndOfConstant(text, 1, true);
     if (text.starts_with('(')) return EndOfParentheses(text);
-    if (text.starts_with("NULL")) return 4;
+    if (const auto word = WordAtStart(text, constantWords); !word.empty()) return word.size();
+    if (const auto word = WordAtStart(text, momentWords); !word.empty()) return word.size();
     return static_cast<std::size_t>(std::ranges::find_if_not(text, IsNumberPart) - text.begin());
 }
 
@@ -83,14 +95,23 @@ std::string Unquoted(std::string_view constant) {
     return text;
 }
 
+// A moment in a text would be taken for its word there.
+bool BecomesText(std::string_view expression) {
+    return expression.find("::text") != none || expression.find("::char") != none ||
+           expression.find("::bpchar") != none;
+}
+
 }  // namespace
 
-std::optional<std::string> PostgresDefault(std::string_view expression) {
+DefaultReading PostgresDefault(std::string_view expression) {
     const std::string_view constant = WithoutCasts(expression);
-    if (constant.empty()) return std::string(expression);
+    if (constant.empty()) return {{}, true};
     if (constant == "NULL") return {};
-    const bool isText = constant.find('\'') != none;
-    return isText ? Unquoted(constant) : std::string(constant);
+    if (!WordAtStart(constant, momentWords).empty() && BecomesText(expression)) return {{}, true};
+    if (constant.find('\'') == none) return {std::string(constant)};
+    const std::string text = Unquoted(constant);
+    const bool isBinary = text.starts_with("\\x") && expression.ends_with("'::bytea");
+    return {isBinary ? BinaryDefault(std::string_view(text).substr(2)) : TextDefault(text)};
 }
 
 bool IsFromSequence(std::string_view expression) { return expression.find("nextval(") != none; }

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -10,6 +11,12 @@
 #include "tessel/value.h"
 
 namespace tessel::db {
+
+// What a query may give.
+struct QueryLimit {
+    std::size_t rows = std::numeric_limits<std::size_t>::max();
+    std::size_t bytes = std::numeric_limits<std::size_t>::max();  // of its texts, and 8 for each field
+};
 
 // The rows of one query, read forwards. Before the first Next there is no current row.
 class Query {

@@ -3,11 +3,13 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <charconv>
 #include <filesystem>
 #include <iterator>
 #include <unordered_map>
 
 #include "platform/db/constraint_names.h"
+#include "platform/db/default_text.h"
 #include "platform/db/engine.h"
 #include "platform/db/engine_error.h"
 #include "platform/db/open_checks.h"
@@ -46,12 +48,43 @@ std::optional<std::string> TextConstant(std::string_view expression) {
     return text;
 }
 
-// NULL is no default at all.
-std::optional<std::string> DefaultOf(const Value& expression) {
+// Whether it is one word, such as TRUE; any that is no word of SQL is a text.
+bool IsWord(std::string_view expression) {
+    const auto isLetter = [](char c) {
+        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c & 0x80) != 0 || c == '_';
+    };
+    const auto isPart = [&](char c) { return isLetter(c) || (c >= '0' && c <= '9') || c == '$'; };
+    return isLetter(expression.front()) && std::ranges::all_of(expression, isPart);
+}
+
+bool IsNumber(std::string_view expression) {
+    if (expression.starts_with('-') || expression.starts_with('+')) expression.remove_prefix(1);
+    expression = text::Trim(expression);
+    const bool isHex = expression.starts_with("0x") || expression.starts_with("0X");
+    if (isHex) expression.remove_prefix(2);
+    const char* const end = expression.data() + expression.size();
+    double number = 0;
+    const auto format = isHex ? std::chars_format::hex : std::chars_format::general;
+    const bool isStart = !expression.empty() && expression.front() != '-' && !IsWord(expression);
+    return (isHex || isStart) && std::from_chars(expression.data(), end, number, format).ptr == end;
+}
+
+// The digits of a constant such as x'CAFE'.
+std::optional<std::string_view> BinaryDigits(std::string_view expression) {
+    if (!expression.starts_with("x'") && !expression.starts_with("X'")) return {};
+    return expression.substr(2, expression.find('\'', 2) - 2);
+}
+
+// A default as a person would type it. NULL is none at all.
+DefaultReading DefaultOf(const Value& expression) {
     if (expression.IsNull()) return {};
     std::string text = ToText(expression);
-    if (text::SameText(text, "NULL")) return {};
-    return TextConstant(text).value_or(text);
+    if (text::SameText(text, "NULL") || text.empty()) return {};
+    if (const auto constant = TextConstant(text)) return {TextDefault(*constant)};
+    if (const auto digits = BinaryDigits(text); digits && digits->size() + 3 == text.size())
+        return {BinaryDefault(*digits)};
+    if (!IsNumber(text) && !IsWord(text)) return {{}, true};
+    return {std::move(text)};
 }
 
 class CatalogueReader {
@@ -126,10 +159,12 @@ class CatalogueReader {
                 const auto place = static_cast<std::size_t>(ToInt32(row.Field(4)));
                 if (place > primaryKey_.size()) primaryKey_.resize(place);
                 if (place > 0) primaryKey_[place - 1] = name;
-                if (ToInt32(row.Field(5)) > 1)
-                    Note(table.name + "." + name, "it is computed, and its expression is not taken");
+                const std::string what = table.name + "." + name;
+                if (ToInt32(row.Field(5)) > 1) Note(what, "it is computed, and its expression is not taken");
+                DefaultReading defaultValue = DefaultOf(row.Field(3));
+                if (defaultValue.isExpression) Note(what, expressionLeftOut);
                 table.columns.push_back({name, ToText(row.Field(1)), place == 0 && ToInt32(row.Field(2)) == 0,
-                                         DefaultOf(row.Field(3))});
+                                         std::move(defaultValue.value)});
             });
     }
 

@@ -39,6 +39,8 @@ void Transaction::Commit() {
     open_ = false;
 }
 
+bool Transaction::IsLost() const { return open_ && !engine_.InTransaction(); }
+
 void Transaction::Undo() noexcept {
     engine_.depth = depth_;
     open_ = false;

@@ -1,6 +1,7 @@
 #include "platform/files/file_service.h"
 
 #include <fcntl.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -40,6 +41,17 @@ fs::file_type TypeAt(const std::string& path) {
     return type;
 }
 
+// Gives the folder another name, so that no part of it is left under its own when the program is killed
+// while it deletes the rest. Where it cannot be renamed it keeps its name.
+fs::path SetAside(fs::path folder) {
+    if (!folder.has_filename()) folder = folder.parent_path();
+    auto aside = folder.parent_path() / ".tessel-deleted-";
+    aside += std::to_string(getpid());
+    std::error_code fault;
+    fs::rename(folder, aside, fault);
+    return fault ? folder : aside;
+}
+
 }  // namespace
 
 std::string NativePath(std::string_view path) {
@@ -71,7 +83,7 @@ void DeleteFolder(std::string_view path) {
     if (type == fs::file_type::not_found) return;
     if (type != fs::file_type::directory) ThrowWriteError("folder", native, "deleted", ENOTDIR);
     std::error_code fault;
-    fs::remove_all(native, fault);
+    fs::remove_all(SetAside(native), fault);
     if (fault) ThrowWriteError("folder", native, "deleted", fault.value());
 }
 

@@ -24,7 +24,8 @@ void CopyFile(std::string_view from, std::string_view to);
 // programs that do so at once exactly one gets true. A crash or a full disk leaves nothing or the whole file.
 bool PlaceNewFile(std::string_view from, std::string_view to);
 
-// Deletes the folder with everything in it; nothing when it is not there.
+// Deletes the folder with everything in it; nothing when it is not there. A crash leaves all of it or none
+// under its name.
 void DeleteFolder(std::string_view path);
 void RemoveFile(std::string_view path);  // nothing when it is not there
 

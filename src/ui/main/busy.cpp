@@ -17,4 +17,8 @@ Busy::~Busy() {
     if (focus_) focus_->setFocus();
 }
 
+UsualPointer::UsualPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+
+UsualPointer::~UsualPointer() { QApplication::restoreOverrideCursor(); }
+
 }  // namespace tessel

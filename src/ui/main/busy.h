@@ -20,4 +20,14 @@ class Busy {
     QPointer<QWidget> focus_;
 };
 
+// While it lives the pointer is the usual one, over whatever is busy: an hourglass would hold the user back
+// from answering.
+class UsualPointer {
+  public:
+    UsualPointer();
+    ~UsualPointer();
+    UsualPointer(const UsualPointer&) = delete;
+    UsualPointer& operator=(const UsualPointer&) = delete;
+};
+
 }  // namespace tessel

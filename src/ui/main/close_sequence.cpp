@@ -4,6 +4,7 @@
 
 #include "ui/main/frm_main.h"
 #include "ui/rules/messages.h"
+#include "ui/rules/rescue.h"
 #include "verify/db_check.h"
 
 namespace tessel {
@@ -28,6 +29,7 @@ void frmMain::CancelEdit() {
 
 void frmMain::FinishSchema() {
     if (!state_.database) return;
+    OfferCopy(state_);
     TryToClose([this] { DBCheck(state_).VerifySchema(false); });
     TryToClose([this] { diagram_.Save(); });
 }

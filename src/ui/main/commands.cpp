@@ -150,7 +150,10 @@ QAction& Commands::Item(const char* name) const {
 QMenu& Commands::Menu(const char* name) const { return *menuBar_.findChild<QMenu*>(name); }
 
 void Commands::On(std::initializer_list<const char*> items, const std::function<void()>& act) const {
-    for (const char* item : items) QObject::connect(&Item(item), &QAction::triggered, &menuBar_, act);
+    const auto actIfAwake = [&menuBar = menuBar_, act] {
+        if (menuBar.isEnabled()) act();
+    };
+    for (const char* item : items) QObject::connect(&Item(item), &QAction::triggered, &menuBar_, actIfAwake);
 }
 
 void Commands::Popup(const char* menu, const QPoint& place, const char* defaultItem) const {

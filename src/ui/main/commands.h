@@ -20,7 +20,7 @@ class Commands {
     [[nodiscard]] QAction& Item(const char* name) const;  // a menu item or a toolbar button
     [[nodiscard]] QMenu& Menu(const char* name) const;
 
-    // Calls `act` when any of the items is chosen.
+    // Calls `act` when any of the items is chosen, but not while the window takes no input.
     void On(std::initializer_list<const char*> items, const std::function<void()>& act) const;
 
     // Shows the menu at a place of the screen, with this item in bold.

@@ -8,6 +8,7 @@ namespace tessel {
 namespace {
 
 constexpr int progressWidth = 220;
+constexpr int widestCaption = 320;
 constexpr int margin = 6;
 
 }  // namespace
@@ -20,6 +21,7 @@ CoolBar::CoolBar(const QString& progressCaption)
     tbToolbar_->setObjectName("tbToolbar");
     lblProgress_->setObjectName("lblProgress");
     lblProgress_->setTextFormat(Qt::PlainText);
+    lblProgress_->setMinimumWidth(1);  // it gives way before the window grows
     pbProgress_->setObjectName("pbProgress");
     pbProgress_->setFixedWidth(progressWidth);
     auto* row = new QHBoxLayout(this);
@@ -31,7 +33,9 @@ CoolBar::CoolBar(const QString& progressCaption)
 }
 
 void CoolBar::ShowProgress(const QString& caption, int total) {
-    lblProgress_->setText(caption);
+    const QFontMetrics letters = lblProgress_->fontMetrics();
+    lblProgress_->setText(letters.elidedText(caption.simplified(), Qt::ElideRight, widestCaption));
+    lblProgress_->setToolTip(caption);
     pbProgress_->setRange(0, std::max(total, 1));
     pbProgress_->setValue(0);
     SetBandVisible(true);

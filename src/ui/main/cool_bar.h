@@ -13,7 +13,7 @@ class CoolBar : public QWidget {
 
     [[nodiscard]] QToolBar& Toolbar() const { return *tbToolbar_; }
 
-    // Progress from 0 to `total` units, of which there is at least one.
+    // Progress from 0 to `total` units, of which there is at least one. A long caption is cut.
     void ShowProgress(const QString& caption, int total);
     void Advance(int length);
     void HideProgress();

@@ -40,6 +40,12 @@ void frmMain::Execute(const AddOnEntry& entry, const QString& title) {
     FollowDatabase();
 }
 
+void frmMain::SelectTable(const std::string& key) {
+    if (browser_.Select(key)) return;
+    FollowDatabase();
+    (void)browser_.Select(key);
+}
+
 // A tool may have changed anything. What the user arranged stays.
 void frmMain::FollowDatabase() {
     const std::string reference = CVRL();

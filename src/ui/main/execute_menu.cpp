@@ -49,10 +49,10 @@ void ExecuteMenu::AddEntry(const AddOnMenu::Item& item) {
     action->setText(WithOwnMnemonic(QString::fromStdString(item.caption)));
     action->setEnabled(true);
     action->setData(static_cast<int>(item.entry));
-    connect(action, &QAction::triggered, this, [this, action] {
-        emit Chosen(listed_.entries[static_cast<std::size_t>(action->data().toInt()) - 1],
-                    action->iconText());
-    });
+    AddOnEntry& entry = listed_.entries[item.entry - 1];
+    entry.caption = action->text().toStdString();
+    connect(action, &QAction::triggered, this,
+            [this, action, &entry] { emit Chosen(entry, action->iconText()); });
 }
 
 QAction* ExecuteMenu::NewItem(std::size_t entry) {

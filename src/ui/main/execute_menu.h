@@ -22,7 +22,7 @@ class ExecuteMenu : public QObject {
     void List(AddOnMenu menu);
 
   signals:
-    // `title` is the item's text without its mnemonic.
+    // The entry's caption is the item's text as it is shown, `title` the same without its mnemonic.
     void Chosen(const AddOnEntry& entry, const QString& title);
 
   private:

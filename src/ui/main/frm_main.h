@@ -53,7 +53,8 @@ class frmMain : public QMainWindow, public ToolWindow {
     // Lists and draws the tables anew. The selected one stays selected, if it is still there.
     void RefreshBrowser() override;
 
-    void SelectTable(const std::string& key) override { (void)browser_.Select(key); }
+    // A table that is not listed yet is looked for in the database.
+    void SelectTable(const std::string& key) override;
 
     // Lets the user make a foreign key of the table, `refTabID` (-1 for none) being offered as the one that
     // it refers to, and shows the new key.

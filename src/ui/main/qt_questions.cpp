@@ -14,12 +14,15 @@
 #include "ui/controls/help_window.h"
 #include "ui/dialogs/dialog.h"
 #include "ui/dialogs/form_dialog.h"
+#include "ui/main/busy.h"
 
 namespace tessel {
 
 namespace {
 
 constexpr int inputWidth = 420;
+constexpr qsizetype mostLines = 15;
+constexpr qsizetype mostCharacters = 1000;
 
 constexpr std::pair<host::Icon, QMessageBox::Icon> icons[] = {
     {host::Icon::None, QMessageBox::NoIcon},
@@ -51,14 +54,20 @@ void ShowAsPlainText(QWidget& box) {
     for (QLabel* label : box.findChildren<QLabel*>()) label->setTextFormat(Qt::PlainText);
 }
 
-// An hourglass would hold the user back from answering.
-class UsualPointer {
-  public:
-    UsualPointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
-    ~UsualPointer() { QApplication::restoreOverrideCursor(); }
-    UsualPointer(const UsualPointer&) = delete;
-    UsualPointer& operator=(const UsualPointer&) = delete;
-};
+// As much of a text as a box has room for, which the screen must hold together with its buttons.
+QString Shortened(const QString& text) {
+    QString shown = text.section('\n', 0, mostLines - 1).left(mostCharacters);
+    if (shown == text) return text;
+    if (shown.back().isHighSurrogate()) shown.chop(1);
+    return shown + QChar(0x2026);
+}
+
+void ShowTexts(QMessageBox& shown, const QString& text, const QString& detail) {
+    shown.setText(Shortened(text));
+    shown.setInformativeText(Shortened(detail));
+    if (shown.text() == text && shown.informativeText() == detail) return;
+    shown.setDetailedText(detail.isEmpty() ? text : text + "\n\n" + detail);
+}
 
 }  // namespace
 
@@ -67,8 +76,7 @@ host::Answer QtQuestions::Show(const host::MessageBox& box) {
     QMessageBox shown(Owner());
     shown.setObjectName("messageBox");
     shown.setWindowTitle(Caption(box.title));
-    shown.setText(Caption(box.text));
-    shown.setInformativeText(Caption(box.detail));
+    ShowTexts(shown, Caption(box.text), Caption(box.detail));
     shown.setIcon(Look(icons, box.icon));
     shown.setStandardButtons(QMessageBox::StandardButtons(Look(buttonSets, box.buttons)));
     ShowAsPlainText(shown);
@@ -80,7 +88,7 @@ std::optional<std::string> QtQuestions::Ask(const host::InputBox& box) {
     QInputDialog dialog(Owner());
     dialog.setObjectName("inputDialog");
     dialog.setWindowTitle(Caption(box.title));
-    dialog.setLabelText(Caption(box.prompt));
+    dialog.setLabelText(Shortened(Caption(box.prompt)));
     dialog.setTextValue(Caption(box.text));
     dialog.findChild<QLineEdit*>()->setObjectName("txtInput");
     dialog.resize(inputWidth, dialog.sizeHint().height());

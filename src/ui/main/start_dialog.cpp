@@ -5,10 +5,10 @@
 #include <QHBoxLayout>
 #include <QInputDialog>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <array>
 #include <sstream>
 
 #include "ui/controls/image_list.h"
@@ -28,7 +28,8 @@ constexpr int newText = 2784;
 constexpr int sampleText = 2785;
 constexpr int chooseFolderText = 2786;
 constexpr int chooseEmptyText = 2787;
-constexpr int projectText = 2788;
+constexpr int newProjectText = 2788;
+constexpr int projectText = 2789;
 
 constexpr const char* section = "Settings";
 constexpr const char* key = "RecentWorkspaces";
@@ -36,6 +37,32 @@ constexpr std::size_t mostRecent = 10;
 constexpr const char* firstProject = "Main";
 constexpr int listWidth = 56;  // characters
 constexpr int listHeight = 8;  // lines
+
+std::optional<std::string> ChooseProject(const text::Texts& texts, const std::vector<std::string>& projects,
+                                         QWidget* owner) {
+    QInputDialog dialog(owner);
+    dialog.setObjectName("inputDialog");
+    dialog.setWindowTitle(Caption(texts.Text(titleText)));
+    dialog.setWindowIcon(ProductIcon());
+    dialog.setLabelText(Caption(texts.Text(projectText)));
+    QStringList names;
+    for (const auto& project : projects) names << QString::fromStdString(project);
+    dialog.setComboBoxItems(names);
+    if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+    return dialog.textValue().toStdString();
+}
+
+// The program before it has a window.
+class EarlyApplication {
+  public:
+    explicit EarlyApplication(const text::Texts& texts) { application_.UseLanguage(texts.Language()); }
+
+  private:
+    std::array<char, 7> name_{"tessel"};
+    std::array<char*, 2> arguments_{name_.data(), nullptr};
+    int count_ = 1;
+    Application application_{count_, arguments_.data(), [](const std::string&) {}};
+};
 
 }  // namespace
 
@@ -56,8 +83,10 @@ void RememberWorkspace(Settings& settings, const std::string& folder) {
     settings.Set(section, key, lines);
 }
 
-StartDialog::StartDialog(const text::Texts& texts, StartOffers offers, const std::vector<std::string>& recent)
-    : texts_(texts), offers_(std::move(offers)), lvRecent_(new QListWidget) {
+StartDialog::StartDialog(std::shared_ptr<const text::Texts> texts, StartOffers offers,
+                         const std::vector<std::string>& recent)
+    : questions_(state_), offers_(std::move(offers)), lvRecent_(new QListWidget) {
+    state_.texts = std::move(texts);
     setObjectName("frmStart");
     setWindowTitle(Text(titleText));
     setWindowIcon(ProductIcon());
@@ -98,7 +127,7 @@ StartDialog::StartDialog(const text::Texts& texts, StartOffers offers, const std
     (recent.empty() ? sample : open)->setDefault(true);
 }
 
-QString StartDialog::Text(int number) const { return Caption(texts_.Text(number)); }
+QString StartDialog::Text(int number) const { return Caption(state_.texts->Text(number)); }
 
 void StartDialog::OpenRecent() {
     const QListWidgetItem* item = lvRecent_->currentItem();
@@ -113,31 +142,48 @@ void StartDialog::OpenFolder() {
 void StartDialog::MakeNew() {
     const QString folder = QFileDialog::getExistingDirectory(this, Text(chooseEmptyText));
     if (folder.isEmpty()) return;
-    bool given = false;
-    const QString project = QInputDialog::getText(this, Text(titleText), Text(projectText), QLineEdit::Normal,
-                                                  firstProject, &given);
-    if (given) Take([&] { return offers_.make(folder.toStdString(), project.toStdString()); });
+    const auto project = questions_.Ask({.prompt = state_.texts->Text(newProjectText),
+                                         .title = state_.texts->Text(titleText),
+                                         .text = firstProject});
+    if (project) Take([&] { return offers_.make(folder.toStdString(), *project); });
 }
 
-void StartDialog::Take(const std::function<std::string()>& offer) {
+void StartDialog::Take(const std::function<StartChoice()>& offer) {
     try {
-        folder_ = offer();
+        StartChoice choice = offer();
+        const auto projects = offers_.projects(choice.folder);
+        if (!choice.project && projects.size() > 1) {
+            choice.project = ChooseProject(*state_.texts, projects, this);
+            if (!choice.project) return;
+        }
+        choice_ = std::move(choice);
         accept();
     } catch (const std::exception& error) {
-        QMessageBox::critical(this, Text(titleText), QString::fromStdString(error.what()));
+        questions_.Show(
+            {.text = error.what(), .title = state_.texts->Text(titleText), .icon = host::Icon::Critical});
     }
 }
 
-std::optional<std::string> AskForWorkspace(const text::Texts& texts, const StartOffers& offers) {
-    char program[] = "tessel";
-    char* arguments[] = {program, nullptr};
-    int count = 1;
-    Application application(count, arguments, [](const std::string&) {});
-    application.UseLanguage(texts.Language());
-    const QtSettings settings(SettingsPath(texts.Product("Tessel.Name")));
+std::optional<StartChoice> AskForWorkspace(const std::shared_ptr<const text::Texts>& texts,
+                                           const StartOffers& offers) {
+    const EarlyApplication application(*texts);
+    const QtSettings settings(SettingsPath(texts->Product("Tessel.Name")));
     StartDialog dialog(texts, offers, RecentWorkspaces(settings));
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-    return dialog.Folder();
+    return dialog.Choice();
+}
+
+std::optional<std::string> AskForProject(const text::Texts& texts, const std::vector<std::string>& projects) {
+    const EarlyApplication application(texts);
+    return ChooseProject(texts, projects, nullptr);
+}
+
+void ShowFailure(const std::shared_ptr<const text::Texts>& texts, const std::string& reason) {
+    const EarlyApplication application(*texts);
+    if (QGuiApplication::platformName() == "offscreen") return;  // nobody would ever close it
+    ComponentState state;
+    state.texts = texts;
+    QtQuestions(state).Show({.text = reason, .title = state.Title(), .icon = host::Icon::Critical});
 }
 
 }  // namespace tessel

@@ -3,12 +3,13 @@
 #include <QDialog>
 #include <QListWidget>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/settings/settings.h"
-#include "platform/text/texts.h"
+#include "ui/main/qt_questions.h"
 
 namespace tessel {
 
@@ -17,36 +18,51 @@ namespace tessel {
 // Puts the workspace in front.
 void RememberWorkspace(Settings& settings, const std::string& folder);
 
-// What can be opened where no workspace is given. Each gives the folder of a workspace, or throws.
-struct StartOffers {
-    std::function<std::string(const std::string& path)> find;  // the workspace that a folder belongs to
-    std::function<std::string(const std::string& folder, const std::string& project)> make;
-    std::function<std::string()> sample;  // the user's own copy
+// What the user wants to open.
+struct StartChoice {
+    std::string folder;                  // of the workspace
+    std::optional<std::string> project;  // where the choice already says which
 };
 
-// Asks which workspace to open: one of the last, another folder, a new one, or the sample.
+// What can be opened where no workspace is given. Each may throw.
+struct StartOffers {
+    std::function<StartChoice(const std::string& path)> find;  // the workspace that a folder belongs to
+    std::function<StartChoice(const std::string& folder, const std::string& project)> make;
+    std::function<StartChoice()> sample;                                          // the user's own copy
+    std::function<std::vector<std::string>(const std::string& folder)> projects;  // of a workspace
+};
+
+// Asks which workspace to open: one of the last, another folder, a new one, or the sample; and of several
+// projects which one.
 class StartDialog : public QDialog {
   public:
-    StartDialog(const text::Texts& texts, StartOffers offers, const std::vector<std::string>& recent);
+    StartDialog(std::shared_ptr<const text::Texts> texts, StartOffers offers,
+                const std::vector<std::string>& recent);
 
-    [[nodiscard]] const std::string& Folder() const { return folder_; }  // once accepted
+    [[nodiscard]] const StartChoice& Choice() const { return choice_; }  // once accepted
 
   private:
     void OpenRecent();
     void OpenFolder();
     void MakeNew();
-    // Closes the dialog with the folder that `offer` gives; a failure is told, and it stays.
-    void Take(const std::function<std::string()>& offer);
+    // Closes the dialog with what `offer` gives; a failure is told, and it stays.
+    void Take(const std::function<StartChoice()>& offer);
     [[nodiscard]] QString Text(int number) const;
 
-    const text::Texts& texts_;
+    ComponentState state_;  // with as much of it as questions need
+    QtQuestions questions_;
     StartOffers offers_;
     QListWidget* lvRecent_;
-    std::string folder_;
+    StartChoice choice_;
 };
 
-// The same in an application of its own, for the program that was started without a workspace; nothing when
-// the user cancelled.
-[[nodiscard]] std::optional<std::string> AskForWorkspace(const text::Texts& texts, const StartOffers& offers);
+// Each of these runs in an application of its own, for a program that has no window yet. Nothing when the
+// user cancelled.
+[[nodiscard]] std::optional<StartChoice> AskForWorkspace(const std::shared_ptr<const text::Texts>& texts,
+                                                         const StartOffers& offers);
+[[nodiscard]] std::optional<std::string> AskForProject(const text::Texts& texts,
+                                                       const std::vector<std::string>& projects);
+// Says why the program ends.
+void ShowFailure(const std::shared_ptr<const text::Texts>& texts, const std::string& reason);
 
 }  // namespace tessel

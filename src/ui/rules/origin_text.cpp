@@ -22,10 +22,8 @@ const char* EncodingName(int codePage) {
             return "CP932";
         case 949:
             return "CP949";
-        case 1252:
-            return "CP1252";
         default:
-            return "UTF-8";
+            return "CP1252";
     }
 }
 
@@ -63,6 +61,13 @@ class Decoder {
 
     iconv_t descriptor_;
 };
+
+std::string Decoded(std::string_view bytes, const text::CodePage& codePage) {
+    constexpr int utf8 = 65001;
+    // iconv lets numbers beyond the last character of Unicode through.
+    if (codePage.Number() == utf8) return text::Encode(text::Decode(bytes));
+    return Decoder(codePage.Number()).Decode(bytes);
+}
 
 bool IsContinuation(char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) == 0x80U; }
 
@@ -102,7 +107,7 @@ OriginText WithShortLines(std::string_view text) {
 OriginText ReadableText(std::string_view bytes, const text::CodePage& codePage) {
     const std::string_view part = WholeLines(bytes, longestOriginText);
     const bool isUtf8 = text::IsValidUtf8(part);
-    OriginText readable = WithShortLines(isUtf8 ? part : Decoder(codePage.Number()).Decode(part));
+    OriginText readable = WithShortLines(isUtf8 ? part : Decoded(part, codePage));
     if (readable.text.starts_with(byteOrderMark)) readable.text.erase(0, byteOrderMark.size());
     if (part.size() < bytes.size()) readable.isCut = true;
     return readable;

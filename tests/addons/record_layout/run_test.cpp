@@ -33,7 +33,7 @@ TEST_F(LayoutTest, AsksForWhatItIsNotToldAndShowsWhatItWillDo) {
     const host::Form& preview = questions->lastForm;
     EXPECT_EQ(preview.text, "1 column into STOCK");
     EXPECT_EQ(preview.fields.at(0).rows,
-              (std::vector<std::vector<std::string>>{{"B_NO", "SMALLINT", "PIC 9(3)", "4"}}));
+              (std::vector<std::vector<std::string>>{{"B_NO1", "SMALLINT", "PIC 9(3)", "4"}}));
     EXPECT_EQ(ToText(preview.fields.at(1).value),
               "two.cpy:1: FIRST-ONE is another record\ntwo.cpy:6: C: Q is no picture");
     const auto asked = questions->TakeAsked();
@@ -49,8 +49,11 @@ TEST_F(LayoutTest, LeavesTheSchemaAloneUntilItIsConfirmed) {
     questions->Answers({host::Answer::Cancel});
     EXPECT_EQ(Run("record=other;file=" + folder / "two.cpy"), "何も取り込みませんでした。");
     EXPECT_EQ(Rows("select * from Tables"), std::vector<std::string>{});
-    EXPECT_EQ(Content(folder / "schema.errors"),
-              "two.cpy:1: FIRST-ONE は別のレコードです\ntwo.cpy:6: C: Q は PICTURE 文字列ではありません\n");
+    EXPECT_FALSE(files::FileExists(folder / "schema.errors"));
+    EXPECT_EQ(Run("preview=no;record=other;file=" + folder / "two.cpy"),
+              "1 列を OTHER へ; 使わない行 2\n"
+              "two.cpy:1: FIRST-ONE は別のレコードです\ntwo.cpy:6: C: Q は PICTURE 文字列ではありません");
+    EXPECT_TRUE(files::FileExists(folder / "schema.errors"));
     RunOn("       01 OTHER.\n           05 B PIC X.\n");
     EXPECT_FALSE(files::FileExists(folder / "schema.errors"));  // nothing to complain of any more
 }

@@ -19,28 +19,48 @@ class ScriptRun : public ScriptTest {
         const auto asked = questions->TakeAsked();
         return asked.empty() ? "" : asked.back().text;
     }
-    void Answer(std::initializer_list<std::pair<const char*, Value>> values) {
+    static FilledForm Filled(std::initializer_list<std::pair<const char*, Value>> values) {
         auto filled = std::make_shared<Collection>();
         for (const auto& [key, value] : values) filled->Add(value, key);
-        questions->Answers({FilledForm{filled}});
+        return {filled};
     }
 };
 
 TEST_F(ScriptRun, AsksForWhatIsNotGivenAndWritesWhereTheUserSays) {
     MakeBook();
     questions->Answers({host::Answer::Cancel});
-    EXPECT_EQ(Run("drop=yes"), "cancelled");
+    EXPECT_EQ(Run("drop=yes"), "Nothing was written.");
     EXPECT_EQ(questions->lastForm.fields.at(1).value, Value(folder / "Output/Demo.sql"));
     EXPECT_EQ(questions->lastForm.fields.at(2).value, Value(true));
     EXPECT_FALSE(std::filesystem::exists(folder / "Output"));
 
-    Answer({{"dialect", "sqlite"}, {"comments", false}});
+    questions->Answers({Filled({{"dialect", "sqlite"}, {"comments", false}})});
     EXPECT_EQ(Run("dialect=mysql"), "1 table, 0 keys: " + folder / "Output/Demo.sql");
     EXPECT_EQ(Message(), "1 table, 0 keys: " + folder / "Output/Demo.sql");
     EXPECT_EQ(Content(folder / "Output/Demo.sql"),
-              "-- Demo: the schema for SQLite\n-- 1 table, 0 keys\n\nBEGIN;\n\n"
+              "-- Demo: the schema for SQLite\n-- 1 table, 0 keys\n"
+              "-- Run it with: sqlite3 -bail DATABASE < SCRIPT\n\nBEGIN;\n\n"
               "CREATE TABLE \"BOOK\" (\n    \"ISBN\" INTEGER\n);\n\nCOMMIT;\n");
     EXPECT_EQ(folder.Names().count("schema.errors"), 0U);
+}
+
+TEST_F(ScriptRun, GoesBackToTheFormUntilItMayWrite) {
+    MakeBook();
+    Write(folder / "old.sql", "old");
+    const FilledForm old = Filled({{"file", folder / "old.sql"}});
+    questions->Answers({Filled({{"file", " "}}), host::Answer::OK,
+                        Filled({{"file", folder / "none/none/out.sql"}}), host::Answer::OK, old,
+                        host::Answer::Cancel, host::Answer::Cancel});
+    EXPECT_EQ(Run("dialect=sqlite"), "Nothing was written.");
+    EXPECT_EQ(Content(folder / "old.sql"), "old");
+    const auto asked = questions->TakeAsked();
+    ASSERT_EQ(asked.size(), 7U);
+    EXPECT_EQ(asked[1].text, "Enter the name of the file.");
+    EXPECT_EQ(asked[3].text, folder / "none/none/out.sql cannot be written: No such file or directory.");
+    EXPECT_EQ(asked[5].text, folder / "old.sql is there already. It will be replaced.");
+    questions->Answers({old, host::Answer::OK, host::Answer::OK});
+    Run("dialect=sqlite");
+    EXPECT_NE(Content(folder / "old.sql"), "old");
 }
 
 TEST_F(ScriptRun, ShowsItsProgressToTheEnd) {

@@ -24,8 +24,7 @@ class ToolHost : public Object {
 class ScriptTest : public SchemaCase {
   protected:
     std::string Run(const std::string& parameter) {
-        const Value result = sql_script::SqlScript().Run(host, WorkspaceOf(state), parameter);
-        return result.IsNull() ? "cancelled" : ToText(result);
+        return ToText(sql_script::SqlScript().Run(host, WorkspaceOf(state), parameter));
     }
     std::string Script(const std::string& dialect, const std::string& more = "") {
         Run("dialect=" + dialect + ";file=" + folder / "out.sql" + more);

@@ -35,6 +35,16 @@ TEST_F(WholeSchema, WithCyclesComesBackFromTheServers) {
     ExpectBack();
 }
 
+TEST_F(WholeSchema, IsDroppedWithItsRowsWhileKeysAreWatched) {
+    MakeRows(cases / "cycles/rows.sql");
+    const std::string script = Script("sqlite", ";drop=yes");
+    const std::string rows =
+        "BEGIN; PRAGMA defer_foreign_keys = ON; insert into A values (1, 2); insert into B values (2, 3);"
+        "insert into C values (3, 'x', 1); insert into D values (1, 'a', 2, 'b'), (2, 'b', 1, 'a');"
+        "insert into E values ('x', 3); COMMIT;";
+    RunRawSql(folder / "made.db", "PRAGMA foreign_keys = ON;" + script + rows + script + rows);
+}
+
 TEST_F(WholeSchema, WithDefaultsMeansWhatWasTyped) {
     MakeRows(cases / "defaults/rows.sql");
     auto& server = PostgresServer::Shared();

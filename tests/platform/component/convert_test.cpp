@@ -56,6 +56,19 @@ TEST(Collection, KeepsOrderAndFindsByKey) {
     EXPECT_THROW(items.Add(3, "B"), Error);
 }
 
+TEST(Collection, FindsEachOfFewAndOfManyItems) {
+    Collection items;
+    for (int i = 0; i < 40; ++i) {
+        EXPECT_FALSE(items.HasKey("key" + std::to_string(i))) << i;
+        items.Add(i, "Key" + std::to_string(i));
+        for (int known = 0; known <= i; ++known) {
+            EXPECT_EQ(items.At("kEY" + std::to_string(known)), Value(known)) << i;
+            EXPECT_THROW(items.Add(0, "KEY" + std::to_string(known)), Error) << i;
+        }
+    }
+    EXPECT_EQ(items.Count(), 40U);
+}
+
 TEST(DateTime, ReadsWhatItWrites) {
     for (const char* date : {"1970-01-01T00:00:00", "2026-01-31T10:00:00", "2024-02-29T23:59:59",
                              "0001-01-01T00:00:00", "9999-12-31T23:59:59", "1899-12-30T00:00:01"}) {

@@ -16,6 +16,17 @@ TEST_F(DatabaseTest, RowsAreCopiedWhenTheQueryOpens) {
     EXPECT_EQ(rows, 19);
 }
 
+TEST_F(DatabaseTest, QueriesStayWithinTheirLimit) {
+    const auto database = Open();
+    for (const char* name : {"a", "b"})
+        database->Execute(std::string("insert into ProjectSettings(PropName,PropValue) values('") + name +
+                          "','1234')");
+    const std::string sql = "select PropValue from ProjectSettings";
+    EXPECT_NO_THROW((void)database->Select(sql, {.rows = 2, .bytes = 24}));
+    for (const QueryLimit& less : {QueryLimit{.rows = 1}, QueryLimit{.bytes = 23}})
+        EXPECT_EQ(KindThrown([&] { (void)database->Select(sql, less); }), ErrorKind::Sql);
+}
+
 TEST_F(DatabaseTest, FieldsByName) {
     const auto database = Open();
     Query query = database->Select(

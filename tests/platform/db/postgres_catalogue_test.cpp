@@ -100,37 +100,49 @@ TEST_F(PostgresCatalogue, DefaultsAreAsAPersonWouldHaveWrittenThem) {
         {"text default E'a\\\\b''\\n'", "=a\\b'\n"},
         {"text default ''", "="},
         {"char(3) default 'x)'", "=x)"},
-        {"text default ('x)'::text || '(')", "=('x)'::text || '('::text)"},
+        {"text default ('x)'::text || '(')", "an expression"},
+        {"text default 'null'", "='null'"},
+        {"text default '''a'''", "='''a'''"},
+        {"bytea default '\\xcafe'", "=0xCAFE"},
+        {"text default '\\xcafe'", "=\\xcafe"},
+        {"text default lower('A')", "an expression"},
+        {"text default current_user", "an expression"},
+        {"text default current_date", "an expression"},
+        {"uuid default gen_random_uuid()", "an expression"},
         {"int default 7", "=7"},
         {"int default -7", "=-7"},
         {"smallint default '5'", "=5"},
         {"numeric default 0::numeric", "=0"},
         {"numeric(9,2) default -1.50", "=-1.50"},
-        {"int default 2 + 3", "=(2 + 3)"},
+        {"int default 2 + 3", "an expression"},
         {"boolean default true", "=true"},
-        {"boolean default ('a'::text is null)", "=('a'::text IS NULL)"},
+        {"boolean default ('a'::text is null)", "an expression"},
         {"date default '2026-01-31'", "=2026-01-31"},
         {"date default current_date", "=CURRENT_DATE"},
         {"timestamp default now()", "=now()"},
         {"timestamptz default '2026-01-31 10:00+02'", "=2026-01-31 08:00:00+00"},
-        {"timestamp default current_timestamp::timestamp(0)",
-         "=(CURRENT_TIMESTAMP)::timestamp(0) without time zone"},
+        {"timestamp default current_timestamp::timestamp(0)", "=CURRENT_TIMESTAMP"},
         {"jsonb default '{}'", "={}"},
         {"int[] default '{1,2}'", "={1,2}"},
-        {"int default ('{1,2}'::int[])[1]", "=('{1,2}'::integer[])[1]"},
+        {"int default ('{1,2}'::int[])[1]", "an expression"},
         {"text default null", ""},
         {"varchar(5) default null::varchar", ""},
         {"text", ""},
     };
     std::string columns;
+    std::size_t count = 0;
     for (const auto& [definition, expected] : cases)
-        columns += (columns.empty() ? "c" : ", c") + std::to_string(columns.size()) + " " + definition;
+        columns += (columns.empty() ? "c" : ", c") + std::to_string(count++) + " " + definition;
     const auto catalogue =
         Read("alter database " + database_ + " set datestyle = 'German'; create table t (" + columns + ")");
+    const Lines notes = Notes(catalogue);
     ASSERT_EQ(catalogue.tables.front().columns.size(), std::size(cases));
     for (std::size_t i = 0; i < std::size(cases); ++i) {
         const auto& value = catalogue.tables.front().columns[i].defaultValue;
-        EXPECT_EQ(value ? "=" + *value : "", cases[i].second) << cases[i].first;
+        const std::string note =
+            "t.c" + std::to_string(i) + ": its default is an expression, which is not taken";
+        const std::string withoutValue = std::ranges::count(notes, note) == 1 ? "an expression" : "";
+        EXPECT_EQ(value ? "=" + *value : withoutValue, cases[i].second) << cases[i].first;
     }
 }
 

@@ -3,6 +3,7 @@
 
 #include <optional>
 
+#include "platform/db/interruptible.h"
 #include "platform/db/temporary_database.h"
 
 namespace tessel::db {
@@ -96,6 +97,26 @@ TEST_F(TransactionTest, LostInTheMiddleKeepsNothing) {
     Insert(*database, "next");
     next.Commit();
     EXPECT_EQ(Count(*Open(), "ProjectSettings"), 1);
+}
+
+TEST_F(TransactionTest, InterruptedStatementsEndAndLoseIt) {
+    const std::string endless = " from Errors a, Errors b, Errors c, Errors d where d.Message > a.Message";
+    const auto database = Open();
+    for (int i = 0; i < 200; ++i)
+        database->Execute("insert into Errors(TblID,KeyID,ColumnID,Message) values(0,0,0,'m')");
+    int asked = 0;
+    const Interruptible interruptible(*database, [&] { return ++asked % 3 != 0; });
+    Transaction transaction(*database);
+    Insert(*database, "before");
+    EXPECT_THROW((void)database->Select("select count(*) as N" + endless), DatabaseError);
+    EXPECT_EQ(asked, 3);
+    EXPECT_FALSE(transaction.IsLost());
+    EXPECT_EQ(Count(*database, "ProjectSettings"), 1);
+    EXPECT_THROW(
+        database->Execute("insert into ProjectSettings(PropName,PropValue) select 'n', ''" + endless),
+        DatabaseError);
+    EXPECT_TRUE(transaction.IsLost());
+    EXPECT_EQ(Count(*Open(), "ProjectSettings"), 0);
 }
 
 TEST_F(TransactionTest, CommitThatFailsUndoesEverything) {

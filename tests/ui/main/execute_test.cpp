@@ -34,13 +34,14 @@ class ExecuteTest : public WindowTest {
         return Start();
     }
     // The window with the one tool "Tool", which is this script of the shell's.
-    frmMain& StartWithTool(const std::string& script, const std::string& more = "") {
+    frmMain& StartWithTool(const std::string& script, const std::string& more = "",
+                           const std::string& caption = "&amp;Tool") {
         const std::string path = folder / "tool.sh";
         Write(path, "#!/bin/sh\ncall() { echo \"$1\"; read -r answer; }\n" + script);
         std::filesystem::permissions(path, std::filesystem::perms::owner_all);
         EnterClasses(UserComponentsPath(),
                      {{.progID = "Test.Tool", .kind = RegisteredClass::Kind::Program, .file = path}});
-        return StartWith("<LIST NAME='AddOns'>" + Tool("&amp;Tool", more) + "</LIST>");
+        return StartWith("<LIST NAME='AddOns'>" + Tool(caption, more) + "</LIST>");
     }
     static std::string AddingTable(const std::string& name) {
         return R"(call '{"member":"TableAdd","args":[")" + name +
@@ -182,7 +183,9 @@ TEST_F(ExecuteTest, AToolThatHangsIsStopped) {
         EXPECT_EQ(Listed(window), (Lines{"HALF|"}));
         EXPECT_FALSE(window.isEnabled());
         EXPECT_FALSE(window.close());
-        Item(window, "mnuExecuteItem").trigger();
+        EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::ArrowCursor);
+        for (const char* item : {"mnuExecuteItem", "mnuFileDelete", "mnuVerifyAll", "mnuStructureNew"})
+            Item(window, item).trigger();
         Write(folder / "go", "");
     });
     Choose(window, "mnuExecuteItem");
@@ -191,6 +194,38 @@ TEST_F(ExecuteTest, AToolThatHangsIsStopped) {
     EXPECT_EQ(said[1], failure + "It was stopped.");
     EXPECT_EQ(Listed(window), Lines{});
     ExpectAwake(window);
+}
+
+TEST_F(ExecuteTest, AToolThatAsksWithoutEndIsStopped) {
+    const std::string ask =
+        R"(call '{"on":"ToolWindow","member":"Message","args":["Again",null,"OKCancel"]}')";
+    frmMain& window = StartWithTool("call '{\"member\":\"MethodName\"}'\nprintf '%s' \"$answer\" > name\n" +
+                                        ("while " + ask + "; do :; done\n"),
+                                    "", "&amp;More &amp;Tool");
+    std::deque<QMessageBox::StandardButton> buttons(20, QMessageBox::Ok);
+    buttons.push_back(QMessageBox::No);
+    buttons.insert(buttons.end(), 20, QMessageBox::Cancel);
+    buttons.insert(buttons.end(), {QMessageBox::Yes, QMessageBox::Ok});
+    Answer(buttons);
+    Choose(window, "mnuExecuteItem");
+    ASSERT_EQ(said.size(), 43U);
+    EXPECT_EQ(said[19], "Again|");
+    EXPECT_EQ(said[20], "'More Tool' keeps asking. Stop it?|");
+    EXPECT_EQ(said[41], said[20]);
+    EXPECT_NE(said[42].find("It was stopped."), std::string::npos);
+    EXPECT_NE(files::ReadFile(folder / "name").find(R"("More &Tool")"), std::string::npos);
+    ExpectAwake(window);
+}
+
+TEST_F(ExecuteTest, ATableThatOnlyTheDatabaseKnowsIsSelected) {
+    frmMain& window = StartWithTool(
+        R"(call '{"on":"ProjectDB","member":"Execute","args":["insert into Tables (TabID, TableName) select 7, TableName || 2 from Tables"]}')"
+        "\n"
+        R"(call '{"member":"SelectedTabID","put":7}')"
+        "\n");
+    AddTable("OLD");
+    Choose(window, "mnuExecuteItem");
+    EXPECT_EQ(Listed(window), (Lines{"OLD|", "*OLD2|"}));
 }
 
 TEST_F(ExecuteTest, ASchemaWithErrorsKeepsAToolFromStarting) {

@@ -167,6 +167,9 @@ TEST_F(FrmMainTest, TakesNoInputWhileProgressIsMade) {
     frmMain& window = Start();
     const auto workspace = WorkspaceOf(state);
     auto& bar = Find<QProgressBar>(window, "pbProgress");
+    const int width = window.minimumSizeHint().width();
+    workspace->StartProgress("Loading " + std::string(4000, 'w'), 1);
+    EXPECT_LE(window.minimumSizeHint().width(), width + bar.width());
     workspace->StartProgress("Loading", 0);
     EXPECT_EQ(bar.maximum(), 1);
     workspace->StartProgress("Loading", 2);

@@ -62,6 +62,32 @@ TEST_F(QtQuestionsTest, NamesAreNeverMarkup) {
     EXPECT_EQ(shown, (QStringList{"<i>why</i>", "Drop <b>T</b>\nand U\nnow?"}));
 }
 
+TEST_F(QtQuestionsTest, ALongTextIsCutAndWholeAmongTheDetails) {
+    const std::string lines = "first" + std::string(200, '\n') + "last", line(5000, 'w');
+    const struct {
+        host::MessageBox box;
+        QString text, detail, whole;
+    } cases[] = {
+        {{.text = "short", .detail = "why"}, "short", "why", ""},
+        {{.text = lines}, "first" + QString(14, '\n') + "…", "", QString::fromStdString(lines)},
+        {{.text = "short", .detail = line},
+         "short",
+         QString(1000, 'w') + "…",
+         "short\n\n" + QString::fromStdString(line)},
+    };
+    for (const auto& expected : cases) {
+        WhenOpen("messageBox", [&](QWidget& window) {
+            auto& box = dynamic_cast<QMessageBox&>(window);
+            EXPECT_EQ(box.text(), expected.text);
+            EXPECT_EQ(box.informativeText(), expected.detail);
+            EXPECT_EQ(box.detailedText(), expected.whole);
+            EXPECT_LT(box.height(), 700);
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        EXPECT_EQ(QtQuestions(state).Show(expected.box), Answer::OK);
+    }
+}
+
 TEST_F(QtQuestionsTest, TheInputDialogReturnsWhatWasTyped) {
     const auto ask = [this](const QString& typed, QDialogButtonBox::StandardButton button) {
         WhenOpen("inputDialog", [=](QWidget& dialog) {

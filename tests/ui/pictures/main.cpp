@@ -2,6 +2,7 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QMenu>
+#include <QPushButton>
 #include <QStyleFactory>
 #include <QTabWidget>
 #include <QThread>
@@ -14,6 +15,7 @@
 #include "ui/main/application.h"
 #include "ui/main/frm_main.h"
 #include "ui/main/qt_questions.h"
+#include "ui/main/start_dialog.h"
 #include "ui/main/tool_watch.h"
 #include "ui/pictures/camera.h"
 #include "workbench/stand_alone_frontend.h"
@@ -86,6 +88,8 @@ class Album {
         TakeQuestions();
         TakeOthers();
         TakeAddOns();
+        TakeLongTexts();
+        TakeStart();
     }
 
   private:
@@ -177,6 +181,36 @@ class Album {
                                     .icon = host::Icon::Critical,
                                     .detail = "It was ended by the signal 11 (Segmentation fault)."});
         });
+    }
+
+    // Texts longer than a box has room for.
+    void TakeLongTexts() {
+        const host::MessageBox box{.text = std::string(3000, 'w') + " end",
+                                   .title = state_.Title(),
+                                   .icon = host::Icon::Warning,
+                                   .buttons = host::Buttons::YesNo,
+                                   .detail = "line\n" + std::string(500, '\n')};
+        camera_.TakeModal("messageBox", "message-long", [&] { state_.questions->Show(box); });
+        state_.window->StartProgress(std::string(500, 'w'), 4);
+        camera_.Take(window_, "progress-long");
+        state_.window->FinishProgress();
+    }
+
+    void TakeStart() {
+        const StartOffers offers{.sample = [] { return StartChoice{}; },
+                                 .projects =
+                                     [](const std::string&) {
+                                         return std::vector<std::string>{"Lending", "Shop"};
+                                     }};
+        StartDialog dialog(state_.texts, offers,
+                           {"/home/user/Documents/Library", "/home/user/work/2026/a long way down/Shop"});
+        dialog.show();
+        camera_.Take(dialog, "frmStart");
+        camera_.TakeModal("inputDialog", "project",
+                          [&] { dialog.findChild<QPushButton*>("cmdSample")->click(); });
+        StartDialog first(state_.texts, offers, {});
+        first.show();
+        camera_.Take(first, "frmStart-first");
     }
 
     void TakeOthers() {

@@ -25,7 +25,11 @@ CREATE TABLE "line" (
   "factor" FLOAT(24) DEFAULT 0,
   "share" DOUBLE,
   "small" REAL,
-  "blob" BLOB,
+  "blob" BLOB DEFAULT x'CAFE',
+  "empty" VARCHAR(9) DEFAULT '',
+  "null" VARCHAR(9) DEFAULT 'null',
+  "quoted" VARCHAR(9) DEFAULT '"a"''',
+  "apart" VARCHAR(9) DEFAULT '''a''',
   "code" CHAR(3) NOT NULL DEFAULT '',
   CONSTRAINT "line_pkey" PRIMARY KEY ("number", "order"),
   CONSTRAINT "a_name_of_sixty_three_letters_that_is_as_long_as_a_server_takes" FOREIGN KEY ("order")

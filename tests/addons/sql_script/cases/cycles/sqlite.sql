@@ -1,5 +1,6 @@
 -- Demo: the schema for SQLite
 -- 5 tables, 6 keys
+-- Run it with: sqlite3 -bail DATABASE < SCRIPT
 
 BEGIN;
 

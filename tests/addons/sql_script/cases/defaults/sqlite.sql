@@ -1,5 +1,6 @@
 -- Demo: the schema for SQLite
 -- 1 table, 0 keys
+-- Run it with: sqlite3 -bail DATABASE < SCRIPT
 
 BEGIN;
 

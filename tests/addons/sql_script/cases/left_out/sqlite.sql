@@ -1,5 +1,6 @@
 -- Demo: the schema for SQLite
 -- 3 tables, 2 keys, 18 remarks
+-- Run it with: sqlite3 -bail DATABASE < SCRIPT
 
 BEGIN;
 

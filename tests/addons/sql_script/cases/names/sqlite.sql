@@ -1,5 +1,6 @@
 -- Demo: the schema for SQLite
 -- 5 tables, 3 keys, 1 remark
+-- Run it with: sqlite3 -bail DATABASE < SCRIPT
 
 BEGIN;
 

@@ -1,0 +1,104 @@
+#include "ui/main/start_dialog.h"
+
+#include <QComboBox>
+#include <QInputDialog>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "ui/main/window_test.h"
+
+namespace tessel::test {
+
+class StartDialogTest : public WindowTest {
+  protected:
+    // Clicks the button of a dialog over these workspaces; "folder|project" when that closes it.
+    std::string Click(const char* button, const std::vector<std::string>& recent = {}) {
+        StartDialog dialog(state.texts, Offers(), recent);
+        dialog.show();
+        Find<QPushButton>(dialog, button).click();
+        if (dialog.result() != QDialog::Accepted) {
+            EXPECT_TRUE(dialog.isVisible()) << "it stays";
+            return "";
+        }
+        return dialog.Choice().folder + '|' + dialog.Choice().project.value_or("");
+    }
+    StartOffers Offers() {
+        return {
+            .find = [](const std::string& path) -> StartChoice {
+                if (path.ends_with("none")) throw Error(ErrorKind::File, path + " is <b>none</b>.");
+                return {path, std::nullopt};
+            },
+            .make =
+                [](const std::string& made, const std::string& project) {
+                    return StartChoice{made, project};
+                },
+            .sample =
+                [] {
+                    return StartChoice{"sample", std::nullopt};
+                },
+            .projects = [this](const std::string&) { return projects; },
+        };
+    }
+    void ChooseFolder() {
+        WhenOpen("QFileDialog", [this](QWidget& dialog) {
+            Find<QLineEdit>(dialog, "fileNameEdit").setText(QString::fromStdString(folder.Path()));
+            QMetaObject::invokeMethod(&dialog, "accept");
+        });
+    }
+    static void Answer(const QString& text, bool accepts) {
+        WhenOpen("inputDialog", [=](QWidget& window) {
+            dynamic_cast<QInputDialog&>(window).setTextValue(text);
+            dynamic_cast<QInputDialog&>(window).done(accepts);
+        });
+    }
+
+    std::vector<std::string> projects{"Only"};
+};
+
+TEST_F(StartDialogTest, TheLastTenWorkspacesAreRemembered) {
+    QtSettings settings(folder / "settings");
+    std::vector<std::string> expected;
+    for (int number = 12; number > 0; --number) {
+        RememberWorkspace(settings, "/W" + std::to_string(number));
+        expected.insert(expected.begin(), "/W" + std::to_string(number));
+    }
+    RememberWorkspace(settings, "/W3");
+    std::rotate(expected.begin(), expected.begin() + 2, expected.begin() + 3);
+    expected.resize(10);
+    EXPECT_EQ(RecentWorkspaces(settings), expected);
+}
+
+TEST_F(StartDialogTest, EachButtonOpensItsWorkspace) {
+    EXPECT_EQ(Click("cmdOpen", {"/first", "/second"}), "/first|");
+    EXPECT_EQ(Click("cmdOpen"), "") << "there is none";
+    EXPECT_EQ(Click("cmdSample"), "sample|");
+    ChooseFolder();
+    EXPECT_EQ(Click("cmdOpenFolder"), folder.Path() + "|");
+    ChooseFolder();
+    Answer("Library", true);
+    EXPECT_EQ(Click("cmdNew"), folder.Path() + "|Library");
+    ChooseFolder();
+    Answer("Library", false);
+    EXPECT_EQ(Click("cmdNew"), "");
+}
+
+TEST_F(StartDialogTest, AFolderThatIsNoWorkspaceIsSaidToBeNone) {
+    QString said;
+    WhenOpen("messageBox", [&](QWidget& box) {
+        said = dynamic_cast<QMessageBox&>(box).text();
+        box.close();
+    });
+    EXPECT_EQ(Click("cmdOpen", {"/none", "/second"}), "");
+    EXPECT_EQ(said, "/none is <b>none</b>.");
+}
+
+TEST_F(StartDialogTest, OfSeveralProjectsOneIsChosen) {
+    projects = {"Lending", "Shop"};
+    Answer("Shop", true);
+    EXPECT_EQ(Click("cmdSample"), "sample|Shop");
+    Answer("Shop", false);
+    EXPECT_EQ(Click("cmdSample"), "");
+}
+
+}  // namespace tessel::test
