@@ -21,7 +21,7 @@ constexpr int calls = 5000;
 constexpr const char* query = "select * from Columns";
 
 double RunTool(const std::string& workspace, const std::string& progID, const std::string& parameter) {
-    const std::string command = fmt::format("'{}' --workspace '{}' addon run {} '{}' > /dev/null",
+    const std::string command = fmt::format("'{}' --workspace '{}' addon run {} '{}' > /dev/null 2>&1",
                                             TESSEL_PROGRAM, workspace, progID, parameter);
     return bench::Seconds([&] {
         if (std::system(command.c_str()) != 0) throw std::runtime_error("failed: " + command);

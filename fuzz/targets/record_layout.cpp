@@ -49,8 +49,8 @@ layout::Choices ChoicesOf(const std::string& letters) {
 void Import(Project& project, layout::Layout& layout, const layout::Plan& plan) {
     const auto workspace = WorkspaceOf(project.state);
     const db::Transaction undone(project.state.Database());
-    const auto columns = layout::PrepareColumns(*workspace, plan, layout.remarks, layout::Language{});
-    layout::Target target{0, "T"};
+    const layout::Target target{0, "T"};
+    const auto columns = layout::PrepareColumns(*workspace, target, plan, layout.remarks, layout::Language{});
     (void)layout::ImportColumns(*workspace, target, columns, layout::Origins(layout.files, "/lib"),
                                 layout.records.front().place, layout::Language{});
 }

@@ -31,7 +31,7 @@ TEST(AddOnHost, EndsWithTheResultOrTheError) {
         {"Test.Throw", "", {R"({"error":{"message":"it \"went\" wrong\nin two lines"}})", "0"}},
         {"Test.Throw", "number", {R"({"error":{"message":"The add-on failed without saying why."}})", "0"}},
         {"Test.Crash", "", {"-1"}},
-        {"Test.Exit", "", {"2"}},
+        {"Test.Exit", "", {"The add-on ended its program before it came to its end.", "2"}},
         {"Test.OwnObject",
          "",
          {R"({"error":{"message":"An object of the add-on's own cannot be passed to the editor."}})", "0"}},

@@ -135,7 +135,7 @@ TEST_F(RunningAddOns, FailAndSayWhy) {
         Db().Execute("insert into Errors(TblID,KeyID,ColumnID,Message) values(0,0,0,'m')");
     const std::string endless =
         "select count(*) as N from Errors a, Errors b, Errors c, Errors d "
-        "where d.Message > a.Message";
+        "where d.Message >= a.Message";
     const auto working = [](const std::string& member, const std::string& sql) {
         return R"(call '{"on":"ProjectDB","member":")" + member + R"(","args":[")" + sql + "\"]}'";
     };

@@ -37,6 +37,7 @@ constexpr std::size_t mostRecent = 10;
 constexpr const char* firstProject = "Main";
 constexpr int listWidth = 56;  // characters
 constexpr int listHeight = 8;  // lines
+constexpr int questionWidth = 360;
 
 std::optional<std::string> ChooseProject(const text::Texts& texts, const std::vector<std::string>& projects,
                                          QWidget* owner) {
@@ -48,6 +49,7 @@ std::optional<std::string> ChooseProject(const text::Texts& texts, const std::ve
     QStringList names;
     for (const auto& project : projects) names << QString::fromStdString(project);
     dialog.setComboBoxItems(names);
+    dialog.resize(questionWidth, dialog.sizeHint().height());
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return dialog.textValue().toStdString();
 }

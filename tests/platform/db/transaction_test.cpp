@@ -100,7 +100,7 @@ TEST_F(TransactionTest, LostInTheMiddleKeepsNothing) {
 }
 
 TEST_F(TransactionTest, InterruptedStatementsEndAndLoseIt) {
-    const std::string endless = " from Errors a, Errors b, Errors c, Errors d where d.Message > a.Message";
+    const std::string endless = " from Errors a, Errors b, Errors c, Errors d where d.Message >= a.Message";
     const auto database = Open();
     for (int i = 0; i < 200; ++i)
         database->Execute("insert into Errors(TblID,KeyID,ColumnID,Message) values(0,0,0,'m')");

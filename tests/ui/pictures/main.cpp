@@ -197,11 +197,9 @@ class Album {
     }
 
     void TakeStart() {
-        const StartOffers offers{.sample = [] { return StartChoice{}; },
-                                 .projects =
-                                     [](const std::string&) {
-                                         return std::vector<std::string>{"Lending", "Shop"};
-                                     }};
+        StartOffers offers;
+        offers.sample = [] { return StartChoice{}; };
+        offers.projects = [](const std::string&) { return std::vector<std::string>{"Lending", "Shop"}; };
         StartDialog dialog(state_.texts, offers,
                            {"/home/user/Documents/Library", "/home/user/work/2026/a long way down/Shop"});
         dialog.show();
