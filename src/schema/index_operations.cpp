@@ -47,7 +47,7 @@ std::shared_ptr<Collection> Workspace::PrimaryKeyColumns(std::int32_t tabID) {
 bool Workspace::IndexMatch(std::int32_t indexID, const Collection& columnIDs) {
     std::size_t count = 0;
     for (auto row =
-             Db().Select("select * from IndexColumns where IndexID = " + std::to_string(indexID) + " ");
+             Db().Select("select ColumnID from IndexColumns where IndexID = " + std::to_string(indexID));
          row.Next(); ++count)
         if (!columnIDs.HasKey(ColumnKey(row.Integer("ColumnID")))) return false;
     return count == columnIDs.Count();

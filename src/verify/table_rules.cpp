@@ -19,18 +19,10 @@ void CheckColumn(Findings& findings, std::int32_t tabID, const db::Query& column
         record(Rule::ScaleTooLarge, {type.name});
 }
 
-void CheckIndex(Findings& findings, std::int32_t tabID, const db::Query& index) {
-    const std::string indexName = index.Text("IndexName");
-    auto column = findings.Select(
-        "select C.ColumnID, C.ColumnName, C.IsNullable from IndexColumns IC, Columns C where IC.IndexID =" +
-        std::to_string(index.Integer("IndexID")) + " and IC.ColumnID = C.ColumnID");
-    if (!column.Next()) return findings.Record(Place::Index(tabID), Rule::IndexEmpty, {indexName});
-    if (!index.Boolean("Unique")) return;
-    do {
-        if (column.Boolean("IsNullable"))
-            findings.Record(Place::Column(tabID, column.Integer("ColumnID")), Rule::UniqueNullable,
-                            {indexName, column.Text("ColumnName")});
-    } while (column.Next());
+void CheckIndexColumn(Findings& findings, std::int32_t tabID, const db::Query& row) {
+    if (row.Boolean("Unique") && row.Boolean("IsNullable"))
+        findings.Record(Place::Column(tabID, row.Integer("ColumnID")), Rule::UniqueNullable,
+                        {row.Text("IndexName"), row.Text("ColumnName")});
 }
 
 }  // namespace
@@ -51,11 +43,25 @@ void CheckColumns(Findings& findings, std::int32_t tabID) {
     } while (column.Next());
 }
 
+// The rows of an index follow each other: one for each of its entries, some of which may name no column that
+// is there.
 void CheckIndexes(Findings& findings, std::int32_t tabID) {
-    for (auto index = findings.Select("select IndexID, IndexName, [Unique] from Indices where TabID =" +
-                                      std::to_string(tabID));
-         index.Next();)
-        CheckIndex(findings, tabID, index);
+    auto row = findings.Select(
+        "select I.IndexID, I.IndexName, I.[Unique], C.ColumnID, C.ColumnName, C.IsNullable from Indices I "
+        "left join IndexColumns IC on IC.IndexID = I.IndexID "
+        "left join Columns C on C.ColumnID = IC.ColumnID where I.TabID =" +
+        std::to_string(tabID));
+    for (bool isThere = row.Next(); isThere;) {
+        const std::int32_t indexID = row.Integer("IndexID");
+        const std::string indexName = row.Text("IndexName");
+        bool isEmpty = true;
+        for (; isThere && row.Integer("IndexID") == indexID; isThere = row.Next()) {
+            if (row["ColumnID"].IsNull()) continue;
+            isEmpty = false;
+            CheckIndexColumn(findings, tabID, row);
+        }
+        if (isEmpty) findings.Record(Place::Index(tabID), Rule::IndexEmpty, {indexName});
+    }
 }
 
 }  // namespace tessel

@@ -109,7 +109,7 @@ class CatalogueReader {
     std::optional<std::string> DefaultOf(const std::string& what, const PostgresRows& row) {
         const std::string expression = row.Text("expression");
         if (expression.empty() || row.IsTrue("computed") || IsFromSequence(expression)) return {};
-        DefaultReading reading = PostgresDefault(expression);
+        DefaultReading reading = PostgresDefault(expression, row.Text("type"));
         if (reading.isExpression) Note(what, expressionLeftOut);
         return std::move(reading.value);
     }

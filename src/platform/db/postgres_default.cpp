@@ -96,18 +96,17 @@ std::string Unquoted(std::string_view constant) {
 }
 
 // A moment in a text would be taken for its word there.
-bool BecomesText(std::string_view expression) {
-    return expression.find("::text") != none || expression.find("::char") != none ||
-           expression.find("::bpchar") != none;
+bool IsText(std::string_view type) {
+    return type.starts_with("text") || type.starts_with("character") || type.starts_with("bpchar");
 }
 
 }  // namespace
 
-DefaultReading PostgresDefault(std::string_view expression) {
+DefaultReading PostgresDefault(std::string_view expression, std::string_view type) {
     const std::string_view constant = WithoutCasts(expression);
     if (constant.empty()) return {{}, true};
     if (constant == "NULL") return {};
-    if (!WordAtStart(constant, momentWords).empty() && BecomesText(expression)) return {{}, true};
+    if (!WordAtStart(constant, momentWords).empty() && IsText(type)) return {{}, true};
     if (constant.find('\'') == none) return {std::string(constant)};
     const std::string text = Unquoted(constant);
     const bool isBinary = text.starts_with("\\x") && expression.ends_with("'::bytea");

@@ -48,8 +48,7 @@ TEST_F(ScriptRun, GoesBackToTheFormUntilItMayWrite) {
     MakeBook();
     Write(folder / "old.sql", "old");
     const FilledForm old = Filled({{"file", folder / "old.sql"}});
-    questions->Answers({Filled({{"file", " "}}), host::Answer::OK,
-                        Filled({{"file", folder / "none/none/out.sql"}}), host::Answer::OK, old,
+    questions->Answers({Filled({{"file", " "}}), Filled({{"file", folder / "none/none/out.sql"}}), old,
                         host::Answer::Cancel, host::Answer::Cancel});
     EXPECT_EQ(Run("dialect=sqlite"), "Nothing was written.");
     EXPECT_EQ(Content(folder / "old.sql"), "old");
@@ -58,7 +57,7 @@ TEST_F(ScriptRun, GoesBackToTheFormUntilItMayWrite) {
     EXPECT_EQ(asked[1].text, "Enter the name of the file.");
     EXPECT_EQ(asked[3].text, folder / "none/none/out.sql cannot be written: No such file or directory.");
     EXPECT_EQ(asked[5].text, folder / "old.sql is there already. It will be replaced.");
-    questions->Answers({old, host::Answer::OK, host::Answer::OK});
+    questions->Answers({old, host::Answer::OK});
     Run("dialect=sqlite");
     EXPECT_NE(Content(folder / "old.sql"), "old");
 }

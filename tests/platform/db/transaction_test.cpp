@@ -112,9 +112,9 @@ TEST_F(TransactionTest, InterruptedStatementsEndAndLoseIt) {
     EXPECT_EQ(asked, 3);
     EXPECT_FALSE(transaction.IsLost());
     EXPECT_EQ(Count(*database, "ProjectSettings"), 1);
-    EXPECT_THROW(
-        database->Execute("insert into ProjectSettings(PropName,PropValue) select 'n', ''" + endless),
-        DatabaseError);
+    EXPECT_THROW(database->Execute(
+                     "insert into ProjectSettings(PropName,PropValue) select max(d.Message), ''" + endless),
+                 DatabaseError);
     EXPECT_TRUE(transaction.IsLost());
     EXPECT_EQ(Count(*Open(), "ProjectSettings"), 0);
 }
