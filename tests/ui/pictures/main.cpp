@@ -201,7 +201,7 @@ class Album {
         offers.sample = [] { return StartChoice{}; };
         offers.projects = [](const std::string&) { return std::vector<std::string>{"Lending", "Shop"}; };
         StartDialog dialog(state_.texts, offers,
-                           {"/home/user/Documents/Library", "/home/user/work/2026/a long way down/Shop"});
+                           {"/home/user/Documents/Library", "/home/user/Projects/2026/a long way down/Shop"});
         dialog.show();
         camera_.Take(dialog, "frmStart");
         camera_.TakeModal("inputDialog", "project",
