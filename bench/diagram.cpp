@@ -170,10 +170,10 @@ void WriteGraph(const diagram::Diagram& schema, const std::string& file) {
     out << "}\n";
 }
 
-// In seconds; 0 when the program is missing or fails.
+// In seconds; 0 when the program is missing, fails or takes more than a minute.
 double TimeOf(const std::string& program, const std::string& graph) {
     int result = 0;
-    const std::string command = program + " -Tplain " + graph + " >/dev/null 2>&1";
+    const std::string command = "timeout 60 " + program + " -Tplain " + graph + " >/dev/null 2>&1";
     const double time = bench::Seconds([&] { result = std::system(command.c_str()); });
     return result == 0 ? time : 0;
 }

@@ -50,7 +50,7 @@ int Run(const char* library, const char* progId, const char* parameter) {
         static const tessel::AddOnLibrary loaded(library);  // until the end: a result may be code of it
         return loaded.Run(progId, editor, parameter);
     });
-    streams.WriteLine(tessel::LineOf(last));
+    streams.WriteLastLine(tessel::LineOf(last));
     isRunning = false;
     return 0;
 }

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <array>
+#include <atomic>
 #include <cerrno>
 #include <cstdlib>
 #include <thread>
@@ -19,8 +20,10 @@ constexpr int firstFree = 3;  // above the standard descriptors
 
 int KeptAside(int descriptor) { return fcntl(descriptor, F_DUPFD_CLOEXEC, firstFree); }
 
+std::atomic<int> codeWithoutEditor = EXIT_FAILURE;
+
 // What the add-on would do without the editor is of use to nobody.
-[[noreturn]] void EndAtOnce() { _exit(EXIT_FAILURE); }
+[[noreturn]] void EndAtOnce() { _exit(codeWithoutEditor); }
 
 }  // namespace
 
@@ -42,6 +45,11 @@ void StandardStreams::EndWithTheEditor() const {
 
 void StandardStreams::WriteLine(const std::string& line) const {
     if (!output_.WriteAll(line + '\n')) EndAtOnce();
+}
+
+void StandardStreams::WriteLastLine(const std::string& line) const {
+    codeWithoutEditor = EXIT_SUCCESS;
+    if (!output_.WriteAll(line + '\n')) _exit(EXIT_FAILURE);
 }
 
 std::string StandardStreams::ReadLine() {

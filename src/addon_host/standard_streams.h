@@ -20,6 +20,9 @@ class StandardStreams {
     void WriteLine(const std::string& line) const;
     [[nodiscard]] std::string ReadLine();
 
+    // Writes the line that ends the talk: the editor may go away from then on.
+    void WriteLastLine(const std::string& line) const;
+
   private:
     files::Descriptor input_;
     files::Descriptor output_;

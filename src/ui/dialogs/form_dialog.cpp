@@ -57,16 +57,12 @@ FormDialog::FormDialog(ComponentState& state, const host::Form& form, QWidget* o
 
 void FormDialog::Add(QFormLayout& page, const host::FormField& field) {
     FormControl control = MakeFormControl(State(), field);
-    if (control.place == FormControl::Place::WithCaption) {
-        page.addRow(control.widget);
+    if (control.place == FormControl::Place::BesideCaption) {
+        page.addRow(LabelOf(field, control.widget), control.widget);
     } else {
-        auto* label = LabelOf(field, control.widget);
-        if (control.place == FormControl::Place::BesideCaption) {
-            page.addRow(label, control.widget);
-        } else {
-            if (!field.caption.empty()) page.addRow(label);
-            page.addRow(control.widget);
-        }
+        if (control.place != FormControl::Place::WithCaption && !field.caption.empty())
+            page.addRow(LabelOf(field, control.widget));
+        page.addRow(control.widget);
     }
     controls_.emplace_back(field.key, std::move(control));
 }
