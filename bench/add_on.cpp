@@ -17,7 +17,7 @@ namespace {
 
 using namespace tessel;
 
-constexpr int calls = 5000;
+constexpr int calls = 20000;
 constexpr const char* query = "select * from Columns";
 
 double RunTool(const std::string& workspace, const std::string& progID, const std::string& parameter) {

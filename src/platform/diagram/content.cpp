@@ -87,6 +87,7 @@ void Content::AddBox(const std::string& key, const std::string& caption, Point p
     if (FindBox(key)) return;
     const Point at = PlaceFor(key, caption, place);
     boxes_[key] = diagram_.boxes.size();
+    ++captions_[caption];
     diagram_.boxes.push_back({key, caption, "", {at.x, at.y, FittingWidth(caption), fittingHeight}});
     outlines_.push_back(Outline(diagram_.boxes.back()));
 }
@@ -94,8 +95,9 @@ void Content::AddBox(const std::string& key, const std::string& caption, Point p
 Point Content::PlaceFor(const std::string& key, const std::string& caption, Point place) {
     if (const auto known = arranged_.find(key); known != arranged_.end()) return known->second;
     if (const auto known = removed_.extract(caption)) return known.mapped();
+    if (!captions_.contains(caption)) return place;
     const auto same = std::ranges::find(diagram_.boxes, caption, &Box::caption);
-    return same == diagram_.boxes.end() ? place : Point{same->rect.x, same->rect.y};
+    return {same->rect.x, same->rect.y};
 }
 
 void Content::RemoveBox(const std::string& key) {
@@ -104,6 +106,7 @@ void Content::RemoveBox(const std::string& key) {
     const std::size_t index = found->second;
     const Box& box = diagram_.boxes[index];
     removed_[box.caption] = {box.rect.x, box.rect.y};
+    Uncount(box.caption);
     boxes_.erase(found);
     diagram_.boxes.erase(diagram_.boxes.begin() + std::ptrdiff_t(index));
     outlines_.erase(outlines_.begin() + std::ptrdiff_t(index));
@@ -115,6 +118,11 @@ void Content::RemoveBox(const std::string& key) {
     Reindex(index, 0);
 }
 
+void Content::Uncount(const std::string& caption) {
+    const auto counted = captions_.find(caption);
+    if (--counted->second == 0) captions_.erase(counted);
+}
+
 void Content::Reindex(std::size_t firstBox, std::size_t firstLink) {
     for (std::size_t i = firstBox; i < diagram_.boxes.size(); ++i) boxes_[diagram_.boxes[i].key] = i;
     for (std::size_t i = firstLink; i < diagram_.links.size(); ++i) links_[diagram_.links[i].key] = i;
@@ -123,6 +131,8 @@ void Content::Reindex(std::size_t firstBox, std::size_t firstLink) {
 void Content::SetCaption(const std::string& key, const std::string& caption) {
     Box* box = BoxOf(key);
     if (!box || box->caption == caption) return;
+    Uncount(box->caption);
+    ++captions_[caption];
     box->caption = caption;
     Renew(*box);
 }
@@ -256,7 +266,11 @@ void Content::TakeUp(Diagram diagram) {
     boxes_.clear();
     links_.clear();
     outlines_.clear();
-    for (const Box& box : diagram_.boxes) outlines_.push_back(Outline(box));
+    captions_.clear();
+    for (const Box& box : diagram_.boxes) {
+        outlines_.push_back(Outline(box));
+        ++captions_[box.caption];
+    }
     Reindex(0, 0);
 }
 

@@ -67,6 +67,7 @@ class Content {
     [[nodiscard]] Box* BoxOf(const std::string& key);
     [[nodiscard]] Link* LinkOf(const std::string& key);
     void Reindex(std::size_t firstBox, std::size_t firstLink);
+    void Uncount(const std::string& caption);
     void Renew(const Box& box);  // after its size or place changed
     void UndrawLinksOf(const std::string& key);
     [[nodiscard]] Point PlaceFor(const std::string& key, const std::string& caption, Point place);
@@ -76,9 +77,10 @@ class Content {
     std::vector<Rect> outlines_;
     std::unordered_map<std::string, std::size_t> boxes_;  // indexes by key
     std::unordered_map<std::string, std::size_t> links_;
-    Places removed_;   // of removed boxes, by caption
-    Places arranged_;  // of boxes at the last Clear, by key
-    Places before_;    // the last placement, by key
+    std::unordered_map<std::string, std::size_t> captions_;  // how many boxes have each
+    Places removed_;                                         // of removed boxes, by caption
+    Places arranged_;                                        // of boxes at the last Clear, by key
+    Places before_;                                          // the last placement, by key
     bool isArranged_ = false;
     std::optional<Sight> sight_{};
     std::string path_;  // of the file that was there at the last load or save

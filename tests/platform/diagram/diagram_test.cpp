@@ -254,6 +254,11 @@ TEST(Content, TablesKeepTheirPlaces) {
     EXPECT_EQ(placeOf(content, "t4"), (Point{0, 20})) << "removed and back";
     content.AddBox("t5", "C", {0, 70});
     EXPECT_EQ(placeOf(content, "t5"), (Point{0, 70}));
+    content.SetCaption("t5", "D");
+    content.AddBox("t6", "D", {0, 90});
+    EXPECT_EQ(placeOf(content, "t6"), (Point{0, 70})) << "beside one that was given the caption";
+    content.AddBox("t7", "C", {0, 90});
+    EXPECT_EQ(placeOf(content, "t7"), (Point{0, 90})) << "no box has the caption any more";
 
     content.Move(std::vector<std::string>{"t3"}, {5, 5}, Content::Lines::Undrawn);
     std::filesystem::remove(file);
