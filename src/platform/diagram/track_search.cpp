@@ -45,7 +45,13 @@ std::vector<TrackSearch::Port> TrackSearch::PortsOf(const Rect& rect) const {
     std::vector<Port> ports;
     AddPorts(rect, TrackGrid::Across, ports);
     AddPorts(rect, TrackGrid::Down, ports);
+    std::ranges::stable_sort(ports, {}, &Port::state);
     return ports;
+}
+
+const TrackSearch::Port* TrackSearch::PortAt(State state, const std::vector<Port>& ports) {
+    const auto port = std::ranges::lower_bound(ports, state, {}, &Port::state);
+    return port != ports.end() && port->state == state ? &*port : nullptr;
 }
 
 void TrackSearch::AddPorts(const Rect& rect, Direction direction, std::vector<Port>& ports) const {
@@ -122,9 +128,8 @@ TrackSearch::State TrackSearch::Run(const std::vector<Port>& goals) {
         Visit& visit = visits_[std::size_t(next.state)];
         if (visit.isDone) continue;
         visit.isDone = true;
-        const auto goal =
-            IsNearGoal(next.state) ? std::ranges::find(goals, next.state, &Port::state) : goals.end();
-        if (goal != goals.end() && visit.cost + goal->cost < bestCost) {
+        const Port* goal = IsNearGoal(next.state) ? PortAt(next.state, goals) : nullptr;
+        if (goal && visit.cost + goal->cost < bestCost) {
             best = next.state;
             bestCost = visit.cost + goal->cost;
         }
@@ -195,7 +200,7 @@ float TrackSearch::TurnCost(int index) const {
 
 std::vector<Point> TrackSearch::LineTo(State end, const std::vector<Port>& ports,
                                        const std::vector<Port>& goals) const {
-    std::vector<Point> line{std::ranges::find(goals, end, &Port::state)->border};
+    std::vector<Point> line{PortAt(end, goals)->border};
     State first = end;
     for (State state = end; state != none; state = Before(state)) {
         const State from = Before(state);
@@ -204,7 +209,7 @@ std::vector<Point> TrackSearch::LineTo(State end, const std::vector<Port>& ports
             line.push_back({grid_.X(index % grid_.Columns()), grid_.Y(index / grid_.Columns())});
         first = state;
     }
-    line.push_back(std::ranges::find(ports, first, &Port::state)->border);
+    line.push_back(PortAt(first, ports)->border);
     std::ranges::reverse(line);
     return line;
 }

@@ -47,7 +47,8 @@ class TrackSearch {
         State state;
     };
 
-    [[nodiscard]] std::vector<Port> PortsOf(const Rect& rect) const;
+    [[nodiscard]] std::vector<Port> PortsOf(const Rect& rect) const;  // by ascending state
+    [[nodiscard]] static const Port* PortAt(State state, const std::vector<Port>& ports);
     void AddPorts(const Rect& rect, Direction direction, std::vector<Port>& ports) const;
     void AddPort(int column, int row, Direction direction, double offMiddle, Point border,
                  std::vector<Port>& ports) const;

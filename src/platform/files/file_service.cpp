@@ -1,7 +1,6 @@
 #include "platform/files/file_service.h"
 
 #include <fcntl.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -9,6 +8,7 @@
 
 #include "platform/files/descriptor.h"
 #include "platform/files/file_error.h"
+#include "platform/files/left_behind.h"
 #include "tessel/error.h"
 
 namespace tessel::files {
@@ -41,15 +41,21 @@ fs::file_type TypeAt(const std::string& path) {
     return type;
 }
 
+fs::path ParentOf(const fs::path& folder) {
+    return (folder.has_filename() ? folder : folder.parent_path()).parent_path();
+}
+
 // Gives the folder another name, so that no part of it is left under its own when the program is killed
 // while it deletes the rest. Where it cannot be renamed it keeps its name.
-fs::path SetAside(fs::path folder) {
-    if (!folder.has_filename()) folder = folder.parent_path();
-    auto aside = folder.parent_path() / ".tessel-deleted-";
-    aside += std::to_string(getpid());
-    std::error_code fault;
-    fs::rename(folder, aside, fault);
-    return fault ? folder : aside;
+fs::path SetAside(const fs::path& folder) {
+    for (int count = 0;; ++count) {
+        auto aside = NameOfDeletedFolder(ParentOf(folder), count);
+        std::error_code fault;
+        fs::rename(folder, aside, fault);
+        if (!fault) return aside;
+        const bool isTaken = fault == std::errc::directory_not_empty || fault == std::errc::file_exists;
+        if (!isTaken) return folder;
+    }
 }
 
 }  // namespace
@@ -73,6 +79,7 @@ void CreateFolder(std::string_view path) {
     std::error_code fault;
     fs::create_directory(native, fault);
     if (fault) ThrowWriteError("folder", native, "made", fault.value());
+    RemoveLeftBehind(ParentOf(native));
 }
 
 void CopyFile(std::string_view from, std::string_view to) { ReplaceFile(to, ReadFile(from)); }
@@ -80,6 +87,7 @@ void CopyFile(std::string_view from, std::string_view to) { ReplaceFile(to, Read
 void DeleteFolder(std::string_view path) {
     const auto native = NativePath(path);
     const auto type = TypeAt(native);
+    RemoveLeftBehind(ParentOf(native));
     if (type == fs::file_type::not_found) return;
     if (type != fs::file_type::directory) ThrowWriteError("folder", native, "deleted", ENOTDIR);
     std::error_code fault;

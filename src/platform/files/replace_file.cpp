@@ -3,7 +3,6 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <optional>
@@ -11,6 +10,7 @@
 #include "platform/files/descriptor.h"
 #include "platform/files/file_error.h"
 #include "platform/files/file_service.h"
+#include "platform/files/left_behind.h"
 
 namespace tessel::files {
 namespace fs = std::filesystem;
@@ -42,20 +42,6 @@ std::optional<struct stat> Earlier(const fs::path& target) {
     if (!S_ISREG(status.st_mode)) Fail(target, S_ISDIR(status.st_mode) ? EISDIR : EINVAL);
     if (access(target.c_str(), W_OK) != 0) Fail(target, errno);
     return status;
-}
-
-constexpr std::string_view temporaryPrefix = ".tessel-";
-
-// What nobody has written to for a day was left behind by a process that was killed.
-void RemoveAbandoned(const fs::path& folder) {
-    const auto dayAgo = fs::file_time_type::clock::now() - std::chrono::hours(24);
-    std::error_code fault;
-    for (fs::directory_iterator entry(folder, fault), end; !fault && entry != end; entry.increment(fault)) {
-        if (!entry->path().filename().string().starts_with(temporaryPrefix)) continue;
-        std::error_code passedOver;
-        const auto written = entry->last_write_time(passedOver);
-        if (!passedOver && written < dayAgo) unlink(entry->path().c_str());
-    }
 }
 
 fs::path FolderOf(const fs::path& target) {
@@ -102,10 +88,9 @@ class TemporaryFile {
   private:
     // A name of its own is tried anew until it is free: a killed process may have left one behind.
     Descriptor Make() {
-        RemoveAbandoned(FolderOf(target_));
+        RemoveLeftBehind(target_.parent_path());
         for (int count = 0;; ++count) {
-            auto path = target_.parent_path() / temporaryPrefix;
-            path += std::to_string(getpid()) + "-" + std::to_string(count);
+            const auto path = NameOfNewFile(target_.parent_path(), count);
             Descriptor file(open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666));
             if (!file.IsOpen() && errno == EEXIST) continue;
             if (!file.IsOpen()) Fail(target_, errno);

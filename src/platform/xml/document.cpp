@@ -1,6 +1,7 @@
 #include "platform/xml/document.h"
 
 #include <algorithm>
+#include <charconv>
 #include <pugixml.hpp>
 #include <sstream>
 
@@ -51,14 +52,12 @@ bool CanBeHeld(const pugi::xml_node& node) {
            std::ranges::all_of(node.attributes(), isHeld);
 }
 
-// What is read can be walked, and written again.
-void CheckNodes(const pugi::xml_document& document, std::string_view text, std::string_view name) {
+// Calls act(node, depth); the root element is at depth 1.
+template <typename Act>
+void ForEachNode(const pugi::xml_document& document, const Act& act) {
     int depth = 1;
     for (auto node = document.first_child(); node;) {
-        if (depth > deepest && node.type() == pugi::node_element)
-            FailAt(name, text, node.offset_debug(), "the document is nested too deeply");
-        if (!CanBeHeld(node))
-            FailAt(name, text, node.offset_debug(), "the document holds a control character");
+        act(node, depth);
         if (node.first_child()) {
             node = node.first_child();
             ++depth;
@@ -67,6 +66,48 @@ void CheckNodes(const pugi::xml_document& document, std::string_view text, std::
         for (; node && !node.next_sibling(); --depth) node = node.parent();
         if (node) node = node.next_sibling();
     }
+}
+
+// What is read can be walked, and written again.
+void CheckNodes(const pugi::xml_document& document, std::string_view text, std::string_view name) {
+    ForEachNode(document, [&](const pugi::xml_node& node, int depth) {
+        if (depth > deepest && node.type() == pugi::node_element)
+            FailAt(name, text, node.offset_debug(), "the document is nested too deeply");
+        if (!CanBeHeld(node))
+            FailAt(name, text, node.offset_debug(), "the document holds a control character");
+    });
+}
+
+// Whether a number after "&#" stands for no character: zero, or one past the last.
+bool IsNoCharacter(std::string_view reference) {
+    const int base = reference.starts_with('x') ? 16 : 10;
+    if (base == 16) reference.remove_prefix(1);
+    unsigned number = 0;
+    const auto [end, fault] =
+        std::from_chars(reference.data(), reference.data() + reference.size(), number, base);
+    return fault == std::errc::result_out_of_range ||
+           (fault == std::errc() && *end == ';' && (number == 0 || number > 0x10FFFF));
+}
+
+bool RefersToNoCharacter(std::string_view text) {
+    for (auto at = text.find("&#"); at != text.npos; at = text.find("&#", at + 2))
+        if (IsNoCharacter(text.substr(at + 2))) return true;
+    return false;
+}
+
+// A reference to no character would end the text around it. What is left of it cannot be told once references
+// are resolved.
+void CheckReferences(std::string_view text, std::string_view name) {
+    pugi::xml_document document;
+    if (!document.load_buffer(text.data(), text.size(), parseOptions & ~pugi::parse_escapes)) return;
+    ForEachNode(document, [&](const pugi::xml_node& node, int) {
+        const auto isWrong = [](const pugi::xml_attribute& attribute) {
+            return RefersToNoCharacter(attribute.value());
+        };
+        if ((node.type() == pugi::node_pcdata && RefersToNoCharacter(node.value())) ||
+            std::ranges::any_of(node.attributes(), isWrong))
+            FailAt(name, text, node.offset_debug(), "the document refers to what is no character");
+    });
 }
 
 }  // namespace
@@ -92,6 +133,7 @@ Document Document::Parse(std::string_view text, std::string_view name) {
     }
     RequireOneRoot(document, text, name);
     CheckNodes(document, text, name);
+    if (result.encoding != pugi::encoding_utf8 || text.find("&#") != text.npos) CheckReferences(text, name);
     return parsed;
 }
 

@@ -27,6 +27,11 @@ TEST(Document, DamagedTextIsRefusedWithItsLine) {
         {"<a>\n<b x='&#1;'/></a>", "test.xml, line 2:"},
         {"<a>\n\n&#x1f;</a>", "test.xml, line 1:"},
         {std::string_view("<a>\n<b x='\0'/></a>", 18), "test.xml, line 2:"},
+        {"<a>\n<b x='lost&#x0;'/></a>", "test.xml, line 2:"},
+        {"<a>lost&#000;</a>", "test.xml, line 1:"},
+        {"<a>&#4294967361;</a>", "test.xml, line 1:"},
+        {"<a>\n<b x='&#x110000;'/></a>", "test.xml, line 2:"},
+        {"<a><![CDATA[&#0;]]>&#;&#x;&#x41</a>", "none"},
     };
     for (const auto& [text, fault] : cases)
         EXPECT_TRUE(FaultOf(text).starts_with(fault)) << text << FaultOf(text);
