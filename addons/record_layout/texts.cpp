@@ -154,6 +154,8 @@ constexpr std::array<Row, static_cast<std::size_t>(Text::Count)> rows{{
 
     {Text::FileUnreadable,
      {"The file %1 cannot be read.", "ファイル %1 を読めません。", "파일 %1을(를) 읽을 수 없습니다."}},
+    {Text::FileNotWritten,
+     {"%1 cannot be written: %2.", "%1 に書き込めません: %2。", "%1에 쓸 수 없습니다: %2."}},
     {Text::NoTextFile,
      {"The file %1 is not a text.", "ファイル %1 はテキストではありません。",
       "파일 %1은(는) 텍스트가 아닙니다."}},

@@ -102,6 +102,7 @@ enum class Text {
     Importing,
     // Why it cannot be done.
     FileUnreadable,
+    FileNotWritten,
     NoTextFile,
     TooLarge,
     TooManyWords,

@@ -1,6 +1,7 @@
 #include "sql_script/files.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -49,6 +50,15 @@ class NewFile {
     int file_;
 };
 
+// Why nothing may take the place of what is there; 0 when something may.
+int WhyKept(const std::string& target) {
+    struct stat status {};
+    if (stat(target.c_str(), &status) != 0) return 0;
+    if (S_ISDIR(status.st_mode)) return EISDIR;
+    if (!S_ISREG(status.st_mode)) return EINVAL;
+    return access(target.c_str(), W_OK) == 0 ? 0 : errno;
+}
+
 bool SyncFolder(const std::filesystem::path& folder) {
     const int opened = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
     const bool isDone = opened >= 0 && fsync(opened) == 0;
@@ -72,9 +82,8 @@ void ReplaceFile(const std::string& path, std::string_view content, Language lan
     const std::string target = place.empty() ? path : place.string();
     const auto folder = std::filesystem::path(target).parent_path();
     std::filesystem::create_directory(folder, ignored);
-    NewFile file(target + ".new");
-    if (std::filesystem::is_directory(target, ignored))
-        Fail<WriteError>(language, Text::CannotWrite, path, EISDIR);
+    if (const int cause = WhyKept(target)) Fail<WriteError>(language, Text::CannotWrite, path, cause);
+    NewFile file(target + ".new-" + std::to_string(getpid()));
     if (!file.Write(content) || !file.PutInPlaceOf(target) || !SyncFolder(folder))
         Fail<WriteError>(language, Text::CannotWrite, path, errno);
 }

@@ -3,10 +3,11 @@
 #include <fmt/format.h>
 
 #include <csignal>
-#include <cstdio>
 #include <filesystem>
 
+#include "cli/exit_codes.h"
 #include "cli/headless_session.h"
+#include "cli/output.h"
 #include "cli/printing_questions.h"
 #include "runner/call_line.h"
 #include "runner/component_list.h"
@@ -14,12 +15,11 @@
 #include "runner/run_add_on.h"
 #include "runner/trusted_path.h"
 #include "tessel/convert.h"
+#include "tessel/error.h"
 
 namespace tessel {
 
 namespace {
-
-constexpr int findingsCode = 1;
 
 volatile std::sig_atomic_t isInterrupted = 0;
 
@@ -36,8 +36,12 @@ class InterruptWatch : public RunWatch {
 
 std::shared_ptr<PrintingQuestions> QuestionsWith(const std::string& answers) {
     auto questions = std::make_shared<PrintingQuestions>();
-    ObjectHandles none;
-    questions->SetAnswers(ReadAnswers(ParseLine(answers), none));
+    try {
+        ObjectHandles none;
+        questions->SetAnswers(ReadAnswers(ParseLine(answers), none));
+    } catch (const Error& error) {
+        throw Error(error.Kind(), std::string("--answers: ") + error.what());
+    }
     return questions;
 }
 
@@ -79,7 +83,10 @@ int AddOnRunCommand(const SessionOptions& options, const AddOnRunOptions& run) {
                                .onFailure = run.keep ? OnFailure::Keep : OnFailure::Drop};
     Value result;
     const RunEnd end = RunAddOn(headless.State(), entry, settings, result);
-    if (end == RunEnd::Succeeded) PrintResult(result);
+    if (end == RunEnd::Succeeded) {
+        PrintResult(result);
+        FinishOutput(" What the tool changed is kept.");
+    }
     return ExitCode(end);
 }
 
@@ -91,11 +98,10 @@ int AddOnListCommand() {
             const bool isHidden = &list.ClassOf(known.progID) != &known;
             fmt::print("{}: {} ({}{})\n", known.progID, known.file, file.path,
                        isHidden ? ", not used: entered before" : "");
-            if (const auto why = WhyNotTrusted(known.file); !why.empty())
-                fmt::print(stderr, "tessel: {}: {}\n", known.progID, why);
+            if (const auto why = WhyNotTrusted(known.file); !why.empty()) Complain(known.progID + ": " + why);
         }
         if (file.fault.empty()) continue;
-        fmt::print(stderr, "tessel: {}\n", file.fault);
+        Complain(file.fault);
         code = failureCode;
     }
     return code;

@@ -7,9 +7,6 @@
 
 namespace tessel {
 
-// The exit code of a command that could not do its work.
-inline constexpr int failureCode = 2;
-
 // A project opened as the window would open it, without a window: the type catalogue is loaded, nothing is
 // imported.
 struct HeadlessSession {

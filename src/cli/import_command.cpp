@@ -3,9 +3,10 @@
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <cstdio>
 
+#include "cli/exit_codes.h"
 #include "cli/headless_session.h"
+#include "cli/output.h"
 #include "import/import_db_schema.h"
 
 namespace tessel {
@@ -46,7 +47,7 @@ int ImportCommand(const SessionOptions& options) {
     state.window->FinishProgress();
     if (!outcome.failure || !outcome.dropped.empty() || !outcome.added.empty()) Print(outcome);
     if (!outcome.failure) return 0;
-    fmt::print(stderr, "tessel: {}: {}\n", state.texts->Text(1220), *outcome.failure);
+    Complain(state.texts->Text(1220) + ": " + *outcome.failure);
     return failureCode;
 }
 

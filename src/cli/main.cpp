@@ -1,23 +1,23 @@
 #include <fmt/format.h>
 
 #include <CLI/CLI.hpp>
-#include <cstdio>
 #include <iostream>
 
 #include "cli/add_on_command.h"
+#include "cli/exit_codes.h"
 #include "cli/headless_session.h"
 #include "cli/import_command.h"
 #include "cli/open_command.h"
+#include "cli/output.h"
 #include "cli/register_command.h"
 #include "cli/report_command.h"
 #include "cli/repository_command.h"
 #include "cli/verify_command.h"
 #include "runner/serve_calls.h"
 #include "ui/main/open_window.h"
+#include "ui/main/start_dialog.h"
 
 namespace {
-
-constexpr const char* defaultProject = "Main";
 
 int NewCommand(const std::string& folder, const std::string& project) {
     tessel::MakeWorkspace(folder, project);
@@ -40,7 +40,8 @@ class Program {
         app_.add_option("--workspace", session_.workspace,
                         "The workspace's folder (default: the current folder)");
         app_.add_option("--project", session_.project,
-                        "The project (default: the only one; of a new workspace \"Main\")");
+                        fmt::format("The project (default: the only one; of a new workspace \"{}\")",
+                                    tessel::firstProject));
         app_.add_option("--lang", session_.language, "The language (default: the locale's)")
             ->check(CLI::IsMember({"en", "ja", "ko"}));
         app_.require_subcommand(0, 1);
@@ -59,19 +60,25 @@ class Program {
     // The exit code.
     int Run(int argc, char** argv) {
         try {
-            app_.parse(argc, argv);
-            if (std::fflush(stdout) != 0)
-                throw tessel::Error(tessel::ErrorKind::File, "The output cannot be written.");
-            return exitCode_;
-        } catch (const CLI::ParseError& error) {
-            return app_.exit(error) == 0 ? 0 : tessel::failureCode;
+            const int code = Do(argc, argv);
+            tessel::FinishOutput();
+            return code;
         } catch (const std::exception& error) {
-            fmt::print(stderr, "tessel: {}\n", error.what());
+            tessel::Complain(error.what());
             return tessel::failureCode;
         }
     }
 
   private:
+    int Do(int argc, char** argv) {
+        try {
+            app_.parse(argc, argv);
+            return exitCode_;
+        } catch (const CLI::ParseError& error) {
+            return app_.exit(error) == 0 ? 0 : tessel::failureCode;
+        }
+    }
+
     void AddOpen() {
         auto* open = app_.add_subcommand("open", "Open the editor's window (the default)");
         open->add_option("path", path_, "The workspace's folder, or a file in it");
@@ -87,7 +94,7 @@ class Program {
         auto* make = app_.add_subcommand("new", "Make a workspace with one project");
         make->add_option("dir", folder_, "The folder to make it in, new or empty")->required();
         make->final_callback(
-            [this] { exitCode_ = NewCommand(folder_, session_.project.value_or(defaultProject)); });
+            [this] { exitCode_ = NewCommand(folder_, session_.project.value_or(tessel::firstProject)); });
     }
 
     void AddCall() {
@@ -172,4 +179,7 @@ class Program {
 
 }  // namespace
 
-int main(int argc, char** argv) { return Program().Run(argc, argv); }
+int main(int argc, char** argv) {
+    tessel::OccupyClosedStreams();
+    return Program().Run(argc, argv);
+}

@@ -1,11 +1,10 @@
 #include "cli/open_command.h"
 
-#include <fmt/format.h>
-
 #include <cstdlib>
 #include <filesystem>
 
-#include "cli/headless_session.h"
+#include "cli/exit_codes.h"
+#include "cli/output.h"
 #include "tessel/error.h"
 #include "ui/main/start_dialog.h"
 #include "workbench/workspace_folder.h"
@@ -42,9 +41,9 @@ std::string UserDataFolder() {
 // The user's own copy of the sample, made when it is first wanted.
 std::string SampleFolder() {
     const fs::path folder = UserDataFolder() + "/tessel/sample";
-    if (fs::exists(folder)) return folder.string();
     const fs::path copy = folder.string() + ".new";
     try {
+        if (fs::exists(folder)) return folder.string();
         fs::remove_all(copy);
         fs::create_directories(folder.parent_path());
         fs::copy(InstalledFolder("share") + "/sample", copy, fs::copy_options::recursive);
@@ -104,7 +103,7 @@ int OpenCommand(const SessionOptions& options, const std::optional<std::string>&
     try {
         session = Choose(options, path, hasUser);
     } catch (const std::exception& error) {
-        fmt::print(stderr, "tessel: {}\n", error.what());
+        Complain(error.what());
         if (hasUser) ShowFailure(TextsFor(options), error.what());
         return failureCode;
     }

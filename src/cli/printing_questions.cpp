@@ -4,6 +4,7 @@
 
 #include <cstdio>
 
+#include "cli/output.h"
 #include "runner/call_line.h"
 
 namespace tessel {
@@ -22,7 +23,7 @@ void PrintingQuestions::PrintAsked() {
     for (const auto& asked : TakeAsked()) {
         const std::string answer =
             asked.buttons == host::Buttons::OK ? std::string() : " -> " + LineOf(AskedJson(asked)["answer"]);
-        fmt::print(stderr, "{}{}\n", OneLine(asked), answer);
+        PrintAside(OneLine(asked) + answer);
     }
 }
 

@@ -4,7 +4,8 @@
 
 #include <filesystem>
 
-#include "cli/headless_session.h"
+#include "cli/exit_codes.h"
+#include "cli/output.h"
 #include "engine/scrivo_add_on.h"
 #include "platform/files/file_service.h"
 #include "report/schema_diagram.h"
@@ -41,7 +42,7 @@ std::shared_ptr<workbench::StandAloneGenerator> MakeGenerator(Session& session,
 }
 
 void PrintLog(const workbench::StandAloneGenerator& generator) {
-    for (const auto& line : generator.Log()) fmt::print(stderr, "tessel: {}\n", FlattenText(line));
+    for (const auto& line : generator.Log()) Complain(FlattenText(line));
 }
 
 }  // namespace
@@ -51,14 +52,18 @@ int ReportCommand(const SessionOptions& options, const std::optional<std::string
     const std::string project = session->frontend->GetCorvaneName(item::projectName);
     const auto generator = MakeGenerator(*session, out);
     const auto page = std::make_shared<workbench::GeneratorPage>(project, project);
-    const int result = ScrivoAddOn(session->state).Run(session->frontend, generator, page);
+    ScrivoAddOn addOn(session->state);
+    const int result = addOn.Run(session->frontend, generator, page);
     if (result == 0) generator->WriteIndex();
     PrintLog(*generator);
     if (result < 0)
         throw Error(ErrorKind::Missing,
                     "There is no schema database at " + files::NativePath(session->state.databaseFilename) +
                         "; restore it from a backup, or open the project to start with an empty schema.");
-    if (result > 0) return failureCode;
+    if (result > 0) {
+        if (const auto& why = addOn.WhyNotOpened(); !why.empty()) Complain(why);
+        return failureCode;
+    }
     fmt::print("{}/{}/Main.htm\n", generator->OutputFolder(), project);
     return 0;
 }

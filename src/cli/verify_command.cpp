@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "cli/exit_codes.h"
 #include "cli/headless_session.h"
 #include "lines/json_values.h"
 #include "verify/db_check.h"
@@ -13,9 +14,6 @@
 namespace tessel {
 
 namespace {
-
-constexpr int cleanCode = 0;
-constexpr int findingsCode = 1;
 
 bool MayColour() {
     const char* refused = std::getenv("NO_COLOR");
@@ -76,7 +74,7 @@ int VerifyCommand(const SessionOptions& options, bool json) {
         PrintJson(errors);
     else
         PrintLines(headless.State().Database(), errors, check.TitleFor(errors.size()));
-    return errors.empty() ? cleanCode : findingsCode;
+    return errors.empty() ? 0 : findingsCode;
 }
 
 }  // namespace tessel

@@ -1,6 +1,9 @@
 #include "engine/queued_questions.h"
 
+#include <algorithm>
+
 #include "schema/sql_text.h"
+#include "tessel/convert.h"
 #include "tessel/error.h"
 
 namespace tessel {
@@ -9,6 +12,8 @@ namespace {
 
 using host::Answer;
 using host::Buttons;
+using host::Form;
+using host::FormField;
 
 bool Offers(Buttons buttons, Answer answer) {
     switch (buttons) {
@@ -22,12 +27,43 @@ bool Offers(Buttons buttons, Answer answer) {
     return false;
 }
 
-bool HasValue(const host::FormField& field) {
-    return field.kind != host::FormField::Kind::Note && field.kind != host::FormField::Kind::List;
+bool HasValue(const FormField& field) {
+    return field.kind != FormField::Kind::Note && field.kind != FormField::Kind::List;
 }
 
 [[noreturn]] void Refuse(const std::string& question) {
     throw Error(ErrorKind::Answer, "The answer given does not fit the question \"" + question + "\".");
+}
+
+[[noreturn]] void RefuseField(const Form& form, const std::string& key) {
+    throw Error(ErrorKind::Answer, "The answer given does not fit the field \"" + key +
+                                       "\" of the question \"" + form.title + "\".");
+}
+
+// The value as the form's field would give it in a window, where one that does not fit cannot be entered.
+Value Entered(const Form& form, const FormField& field, const Value& given) {
+    try {
+        if (field.kind == FormField::Kind::Number) return ToInt32(given);
+        if (field.kind == FormField::Kind::Check) return ToBoolean(given);
+        const std::string text = ToText(given);
+        const auto isText = [&](const auto& choice) { return choice.first == text; };
+        if (field.kind != FormField::Kind::Choice || std::ranges::any_of(field.choices, isText)) return text;
+    } catch (const Error&) {  // refused like any other
+    }
+    RefuseField(form, field.key);
+}
+
+// The values of the form's fields, those that are given in place of its own.
+std::shared_ptr<Collection> FilledIn(const Form& form, const Collection& given) {
+    auto values = std::make_shared<Collection>();
+    for (const auto& field : form.fields) {
+        if (!HasValue(field)) continue;
+        const Value* value = given.Find(field.key);
+        values->Add(value ? Entered(form, field, *value) : field.value, field.key);
+    }
+    for (const auto& item : given)
+        if (!values->HasKey(item.key)) RefuseField(form, item.key);
+    return values;
 }
 
 }  // namespace
@@ -62,19 +98,13 @@ std::optional<std::string> QueuedQuestions::Ask(const host::InputBox& box) {
     return typed ? std::optional(typed->text) : std::nullopt;
 }
 
-std::shared_ptr<Collection> QueuedQuestions::Fill(const host::Form& form) {
+std::shared_ptr<Collection> QueuedQuestions::Fill(const Form& form) {
     QueuedAnswer given = NextAnswer(Answer::Cancel);
     if (given == QueuedAnswer(Answer::OK)) given = FilledForm{std::make_shared<Collection>()};
     const auto* filled = std::get_if<FilledForm>(&given);
     if (!filled && given != QueuedAnswer(Answer::Cancel)) Refuse(form.title);
+    auto values = filled ? FilledIn(form, *filled->values) : nullptr;
     asked_.push_back({form.title, host::Icon::None, Buttons::OKCancel, {}, given});
-    if (!filled) return nullptr;
-    auto values = std::make_shared<Collection>();
-    for (const auto& field : form.fields) {
-        if (!HasValue(field)) continue;
-        const Value* value = filled->values->Find(field.key);
-        values->Add(value ? *value : field.value, field.key);
-    }
     return values;
 }
 

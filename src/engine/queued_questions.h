@@ -17,7 +17,8 @@ struct TypedText {
     std::string text;
     bool operator==(const TypedText&) const = default;
 };
-// Values for fields of a form, which is then confirmed; the other fields keep theirs.
+// Values for fields of a form, which is then confirmed; the other fields keep theirs. A value that cannot be
+// entered in its field does not fit.
 struct FilledForm {
     std::shared_ptr<Collection> values;
     bool operator==(const FilledForm&) const = default;

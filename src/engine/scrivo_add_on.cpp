@@ -42,10 +42,11 @@ std::int32_t ScrivoAddOn::Run(const std::shared_ptr<host::Frontend>& anCVWS,
 
 bool ScrivoAddOn::OpenDatabase() {
     state_.database.reset();
+    whyNotOpened_.clear();
     try {
         state_.database = db::Database::Open(files::NativePath(state_.databaseFilename));
-    } catch (const db::DatabaseError&) {
-        // The handle stays empty; the caller says so in the generator's log.
+    } catch (const db::DatabaseError& error) {
+        whyNotOpened_ = error.what();
     }
     state_.restrictText = state_.texts->Text(213);
     state_.cascadeText = state_.texts->Text(214);

@@ -21,6 +21,9 @@ class ScrivoAddOn : public Object {
                      const std::shared_ptr<host::Generator>& anCV3,
                      const std::shared_ptr<host::PageOptions>& optionsRoot);
 
+    // Why the last Run could not open the database; empty when it could.
+    [[nodiscard]] const std::string& WhyNotOpened() const { return whyNotOpened_; }
+
     // Writes the page of the open schema database, into the folder that the options node names; `aProgress`
     // answers to the progress calls by name. The type catalogue must be loaded, and the host known: from a
     // Run that goes on, or from the start of the editor.
@@ -40,6 +43,7 @@ class ScrivoAddOn : public Object {
     ComponentState& state_;
     std::shared_ptr<host::Frontend> host_;  // given to Run, and let go of when that returns 0 or 1
     std::string schemaName_;                // of the schema object that Run found; empty before
+    std::string whyNotOpened_;
 };
 
 }  // namespace tessel

@@ -75,6 +75,12 @@ TEST_F(AddOnCommands, RegisterRunAndUnregister) {
     EXPECT_EQ(Tables(), 1U);
     EXPECT_EQ(Run({"addon", "run", "Shell.Tool", "add", "--verify"}), 1);  // the table has no columns
 
+    const std::string lost = std::string("exec '") + TESSEL_PROGRAM + "' --workspace '" + workspace +
+                             "' addon run Shell.Tool count 2>&1 >/dev/full";
+    ChildProgram deaf({"/bin/sh", "-c", lost});
+    EXPECT_EQ(deaf.ReadLine(), "tessel: The output cannot be written. What the tool changed is kept.");
+    EXPECT_EQ(deaf.Wait(), 2);
+
     EXPECT_EQ(Run({"unregister", file}), 0);
     EXPECT_EQ(output, "Shell.Tool\n");
     EXPECT_EQ(Run({"unregister", "Shell.Tool"}), 2);

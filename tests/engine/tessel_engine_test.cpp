@@ -71,25 +71,15 @@ TEST_F(EngineStart, NeverGivesANewDatabaseTheChangesOfAnother) {
 }
 
 TEST_F(EngineStart, SaysThatADatabaseDoesNotOpenAndWhy) {
-    struct Case {
-        std::string content;
-        const char* reason;
-    };
-    const Case cases[] = {
-        {"", "empty"},
-        {std::string("\0\1\0\0Standard Jet DB\0", 20) + std::string(4096, 'x'), "Jet"},
-        {"this is a letter", "database"},
-    };
+    const auto jet = std::string("\0\1\0\0Standard Jet DB\0", 20) + std::string(4096, 'x');
     std::filesystem::create_directories(folder / "Projects/Demo/DBSCHEMA");
-    for (const auto& c : cases) {
-        files::ReplaceFile(file, c.content);
-        EXPECT_EQ(Start(), 1);
-        const auto asked = questions->TakeAsked();
-        ASSERT_EQ(asked.size(), 1U);
-        EXPECT_EQ(asked[0].text, "Failed to open DBSchema database \r\n" + state.databaseFilename);
-        EXPECT_NE(asked[0].detail.find(c.reason), std::string::npos) << asked[0].detail;
-        EXPECT_EQ(files::ReadFile(file), c.content);
-    }
+    files::ReplaceFile(file, jet);
+    EXPECT_EQ(Start(), 1);
+    const auto asked = questions->TakeAsked();
+    ASSERT_EQ(asked.size(), 1U);
+    EXPECT_EQ(asked[0].text, "Failed to open DBSchema database \r\n" + state.databaseFilename);
+    EXPECT_NE(asked[0].detail.find("Jet"), std::string::npos) << asked[0].detail;
+    EXPECT_EQ(files::ReadFile(file), jet);
 }
 
 TEST_F(EngineStart, UnloadsAWindowThatFailsToLoad) {

@@ -59,6 +59,8 @@ TEST(KilledPrograms, LeaveAFolderWholeOrDeleted) {
             ++begun;
     }
     EXPECT_GT(begun, 0);
+    files::DeleteFolder(schema);
+    EXPECT_TRUE(folder.Names().empty()) << "what the killed programs had begun to delete";
 }
 
 }  // namespace

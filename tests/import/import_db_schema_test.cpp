@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <functional>
 
+#include "support/database_dump.h"
 #include "support/raw_sql.h"
 #include "support/schema_test.h"
 
@@ -16,12 +17,7 @@ using Lines = std::vector<std::string>;
 std::string TablesOnDisk(const std::string& file) {
     sqlite3* connection = nullptr;
     EXPECT_EQ(sqlite3_open(file.c_str(), &connection), SQLITE_OK);
-    std::string found;
-    const auto keep = [](void* text, int, char** fields, char**) {
-        *static_cast<std::string*>(text) = fields[0];
-        return 0;
-    };
-    sqlite3_exec(connection, "select min(TabID) || '-' || max(TabID) from Tables", keep, &found, nullptr);
+    const std::string found = RowsOf(connection, "select min(TabID), max(TabID) from Tables");
     sqlite3_close(connection);
     return found;
 }
@@ -295,12 +291,12 @@ TEST_F(ImportTest, ACrashLeavesTheSchemaAsItWas) {
     orders->attributes["Modified"] = "2030-01-01";
     int seen = 0;
     watching->watch = [&] {  // what another program reads now is what a crash would leave
-        EXPECT_EQ(TablesOnDisk(state.databaseFilename), "1-2");
+        EXPECT_EQ(TablesOnDisk(state.databaseFilename), "1|2|\n");
         ++seen;
     };
     EXPECT_FALSE(Import().failure);
     EXPECT_EQ(seen, 2);
-    EXPECT_EQ(TablesOnDisk(state.databaseFilename), "3-4");
+    EXPECT_EQ(TablesOnDisk(state.databaseFilename), "3|4|\n");
 }
 
 }  // namespace

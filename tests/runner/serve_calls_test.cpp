@@ -38,6 +38,11 @@ TEST_F(ServingCalls, GoesOnAfterEveryKindOfError) {
         {R"({"member":"ToolID","answers":["Maybe"]})", "json"},
         {R"({"member":"IndexMatch","args":[1,{"c1":1,"C1":2}]})", "collection"},
         {R"({"member":"ToolID","put":"x"})", "member"},
+        {R"({"member":"TableFly"})", "member"},
+        {R"({"member":"TableDrop"})", "conversion"},
+        {R"({"member":"TableDrop","args":[1e10]})", "conversion"},
+        {R"({"member":"TableDrop","args":[1,2]})", "argument"},
+        {R"({"member":"ReturnCode","put":40000})", "conversion"},
         {"{\"member\":\"SQLID\",\"args\":[\"\xff\"]}", "json"},
         {R"({"member":"GetProjectSettings","args":["a\u0000b"]})", "sql"},
         {R"({"member":"TableAdd","args":["A",0,null,null,null,null]})", "conversion"},
@@ -63,9 +68,14 @@ TEST_F(ServingCalls, ReachesTheObjectsOfTheWorkspace) {
     const auto answers = Serve(
         R"x({"on":"ProjectDB","member":"Execute","args":["insert into IndexColumns values(1,2,1,'A',null)"]})x"
         "\n"
-        R"({"on":"projectdb","member":"Select","args":["select TabID, TableName from Tables"]})");
+        R"({"on":"projectdb","member":"Select","args":["select TabID, TableName from Tables"]})"
+        "\n"
+        R"({"member":"ProjectDB"})"
+        "\n"
+        R"({"member":"LoadTableCombo","args":[{"handle":1}]})");
     EXPECT_EQ(Json::parse(answers.at(0))["result"], 1);
     EXPECT_EQ(Json::parse(answers.at(1))["result"].dump(), R"({"1":{"TabID":1,"TableName":"A"}})");
+    EXPECT_EQ(Json::parse(answers.at(3))["error"]["kind"], "conversion") << "no combo box";
 }
 
 TEST_F(ServingCalls, StopsWhereItsAnswersAreLost) {

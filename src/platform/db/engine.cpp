@@ -64,6 +64,7 @@ Connection Connect(const std::string& path, std::chrono::milliseconds busyWait) 
 }
 
 Statement Database::Engine::Prepare(std::string_view text, std::string_view sql) {
+    RefuseWhileAsking(sql);
     RefuseLostTransaction(sql);
     return Statement(statements, text, sql);
 }
@@ -72,13 +73,26 @@ bool Database::Engine::InTransaction() const { return sqlite3_get_autocommit(con
 
 void Database::Engine::RefuseLostTransaction(std::string_view sql) const {
     if (depth == 0 || InTransaction()) return;
+    // Nothing was done since the failure, unless its statement is gone by now.
+    const int code = sqlite3_errcode(connection.get());
+    const std::string reason =
+        code == SQLITE_OK ? std::string() : std::string(" (") + sqlite3_errmsg(connection.get()) + ")";
     throw DatabaseError(ErrorKind::Io,
                         "All changes of this action to the database \"" + path +
-                            "\" were undone after an earlier failure, so it cannot go on; do it again.",
+                            "\" were undone after an earlier failure" + reason +
+                            ", so it cannot go on; do it again.",
                         std::string(sql));
 }
 
+void Database::Engine::RefuseWhileAsking(std::string_view sql) const {
+    if (isAsking)
+        throw DatabaseError(ErrorKind::Busy,
+                            "The database \"" + path + "\" is busy with another step; try again afterwards.",
+                            std::string(sql));
+}
+
 void Database::Engine::Control(const std::string& sql) {
+    RefuseWhileAsking(sql);
     const NotAsking notAsking(goesOn);
     Statement statement(statements, sql, sql);
     statement.Step();
@@ -91,6 +105,7 @@ std::int64_t Database::Engine::ChangeCount() const {
 void Database::Engine::ForgetChangesSince(std::int64_t count) { changesUndone += ChangeCount() - count; }
 
 std::shared_ptr<const TableInfo> Database::Engine::Table(std::string_view name) {
+    RefuseWhileAsking(name);
     auto& info = tables[text::LowerAscii(name)];
     if (!info) info = std::make_shared<const TableInfo>(ReadTableInfo(statements, name));
     return info;

@@ -49,6 +49,7 @@ struct Database::Engine {
     void Control(const std::string& sql);
     [[nodiscard]] bool InTransaction() const;  // as the engine sees it
     void RefuseLostTransaction(std::string_view sql) const;
+    void RefuseWhileAsking(std::string_view sql) const;
 
     [[nodiscard]] std::int64_t ChangeCount() const;
     void ForgetChangesSince(std::int64_t count);  // they were undone
@@ -62,6 +63,7 @@ struct Database::Engine {
     int rowsTouched = 0;
     std::int64_t changesUndone = 0;  // rows
     std::function<bool()> goesOn;    // of the Interruptible that lives
+    bool isAsking = false;           // it, in the middle of a statement
 };
 
 }  // namespace tessel::db

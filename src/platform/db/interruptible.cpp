@@ -11,9 +11,13 @@ namespace {
 
 constexpr int stepsBetween = 10000;  // of the engine; far less than a millisecond
 
-int MustStop(void* engine) {
-    const auto& goesOn = static_cast<const Database::Engine*>(engine)->goesOn;
-    return goesOn && !goesOn() ? 1 : 0;
+int MustStop(void* asking) {
+    auto& engine = *static_cast<Database::Engine*>(asking);
+    if (!engine.goesOn) return 0;
+    engine.isAsking = true;
+    const bool goesOn = engine.goesOn();
+    engine.isAsking = false;
+    return goesOn ? 0 : 1;
 }
 
 }  // namespace

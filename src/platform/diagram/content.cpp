@@ -51,7 +51,9 @@ const Box* Content::FindBox(const std::string& key) const {
 
 const Link* Content::FindLink(const std::string& key) const {
     const auto found = links_.find(key);
-    return found == links_.end() ? nullptr : &diagram_.links[found->second];
+    if (found == links_.end()) return nullptr;
+    const Link& link = diagram_.links[found->second];
+    return gone_.contains(link.from) || gone_.contains(link.to) ? nullptr : &link;
 }
 
 Box* Content::BoxOf(const std::string& key) { return const_cast<Box*>(FindBox(key)); }
@@ -64,18 +66,18 @@ Rect Content::OutlineOf(const std::string& key) const {
 
 Rect Content::Extent() const {
     std::vector<Point> corners;
-    for (const Rect& outline : outlines_) {
+    for (const Rect& outline : Outlines()) {
         corners.push_back({outline.x, outline.y});
         corners.push_back({outline.Right(), outline.Bottom()});
     }
-    for (const Link& link : diagram_.links)
+    for (const Link& link : Drawing().links)
         corners.insert(corners.end(), link.points.begin(), link.points.end());
     return Bounds(corners);
 }
 
 void Content::Clear() {
     if (isArranged_) {
-        for (const Box& box : diagram_.boxes) {
+        for (const Box& box : Drawing().boxes) {
             arranged_[box.key] = {box.rect.x, box.rect.y};
             removed_[box.caption] = {box.rect.x, box.rect.y};
         }
@@ -85,6 +87,7 @@ void Content::Clear() {
 
 void Content::AddBox(const std::string& key, const std::string& caption, Point place) {
     if (FindBox(key)) return;
+    if (gone_.contains(key)) Tidy();
     const Point at = PlaceFor(key, caption, place);
     boxes_[key] = diagram_.boxes.size();
     ++captions_[caption];
@@ -96,26 +99,18 @@ Point Content::PlaceFor(const std::string& key, const std::string& caption, Poin
     if (const auto known = arranged_.find(key); known != arranged_.end()) return known->second;
     if (const auto known = removed_.extract(caption)) return known.mapped();
     if (!captions_.contains(caption)) return place;
-    const auto same = std::ranges::find(diagram_.boxes, caption, &Box::caption);
+    const auto same = std::ranges::find(Drawing().boxes, caption, &Box::caption);
     return {same->rect.x, same->rect.y};
 }
 
 void Content::RemoveBox(const std::string& key) {
-    const auto found = boxes_.find(key);
-    if (found == boxes_.end()) return;
-    const std::size_t index = found->second;
-    const Box& box = diagram_.boxes[index];
-    removed_[box.caption] = {box.rect.x, box.rect.y};
-    Uncount(box.caption);
-    boxes_.erase(found);
-    diagram_.boxes.erase(diagram_.boxes.begin() + std::ptrdiff_t(index));
-    outlines_.erase(outlines_.begin() + std::ptrdiff_t(index));
-    std::erase_if(diagram_.links, [&](const Link& link) {
-        const bool isOfBox = link.from == key || link.to == key;
-        if (isOfBox) links_.erase(link.key);
-        return isOfBox;
-    });
-    Reindex(index, 0);
+    const Box* box = FindBox(key);
+    if (!box) return;
+    removed_[box->caption] = {box->rect.x, box->rect.y};
+    Uncount(box->caption);
+    boxes_.erase(box->key);
+    gone_.insert(box->key);
+    isTidy_ = false;
 }
 
 void Content::Uncount(const std::string& caption) {
@@ -123,9 +118,26 @@ void Content::Uncount(const std::string& caption) {
     if (--counted->second == 0) captions_.erase(counted);
 }
 
-void Content::Reindex(std::size_t firstBox, std::size_t firstLink) {
-    for (std::size_t i = firstBox; i < diagram_.boxes.size(); ++i) boxes_[diagram_.boxes[i].key] = i;
-    for (std::size_t i = firstLink; i < diagram_.links.size(); ++i) links_[diagram_.links[i].key] = i;
+void Content::Tidy() const {
+    if (isTidy_) return;
+    std::erase_if(diagram_.links, [this](const Link& link) { return FindLink(link.key) != &link; });
+    std::erase_if(diagram_.boxes, [this](const Box& box) { return gone_.contains(box.key); });
+    Index();
+}
+
+void Content::Index() const {
+    boxes_.clear();
+    links_.clear();
+    outlines_.clear();
+    captions_.clear();
+    gone_.clear();
+    isTidy_ = true;
+    for (const Box& box : diagram_.boxes) {
+        boxes_[box.key] = outlines_.size();
+        outlines_.push_back(Outline(box));
+        ++captions_[box.caption];
+    }
+    for (std::size_t i = 0; i < diagram_.links.size(); ++i) links_[diagram_.links[i].key] = i;
 }
 
 void Content::SetCaption(const std::string& key, const std::string& caption) {
@@ -177,12 +189,7 @@ void Content::AddLink(const Link& link) {
 }
 
 void Content::RemoveLink(const std::string& key) {
-    const auto found = links_.find(key);
-    if (found == links_.end()) return;
-    const std::size_t index = found->second;
-    diagram_.links.erase(diagram_.links.begin() + std::ptrdiff_t(index));
-    links_.erase(found);
-    Reindex(diagram_.boxes.size(), index);
+    if (links_.erase(key) > 0) isTidy_ = false;
 }
 
 void Content::SetLinkCaption(const std::string& key, const std::string& caption) {
@@ -214,11 +221,11 @@ void Content::Move(std::span<const std::string> boxes, Point by, Lines lines) {
 
 void Content::Route() {
     const auto isUndrawn = [](const Link& link) { return link.points.empty(); };
-    if (std::ranges::any_of(diagram_.links, isUndrawn)) RouteLinks(diagram_);
+    if (std::ranges::any_of(Drawing().links, isUndrawn)) RouteLinks(diagram_);
 }
 
 bool Content::Place(const KeepOn& keepOn) {
-    Diagram placed = diagram_;
+    Diagram placed = Drawing();
     if (!PlaceBoxes(placed, keepOn)) return false;
     before_.clear();
     for (const Box& box : diagram_.boxes) before_[box.key] = {box.rect.x, box.rect.y};
@@ -228,7 +235,7 @@ bool Content::Place(const KeepOn& keepOn) {
 }
 
 void Content::UndoPlacement() {
-    Diagram undone = diagram_;
+    Diagram undone = Drawing();
     for (Box& box : undone.boxes)
         if (const auto place = before_.find(box.key); place != before_.end()) Put(box, place->second);
     for (Link& link : undone.links) link.points.clear();
@@ -255,7 +262,7 @@ bool Content::Load(const std::string& path) {
 }
 
 void Content::Save(const std::string& path, const Sight& sight) {
-    SaveDiagram(path, diagram_, sight);
+    SaveDiagram(path, Drawing(), sight);
     path_ = path;
     arranged_.clear();
     isArranged_ = false;
@@ -263,15 +270,7 @@ void Content::Save(const std::string& path, const Sight& sight) {
 
 void Content::TakeUp(Diagram diagram) {
     diagram_ = std::move(diagram);
-    boxes_.clear();
-    links_.clear();
-    outlines_.clear();
-    captions_.clear();
-    for (const Box& box : diagram_.boxes) {
-        outlines_.push_back(Outline(box));
-        ++captions_[box.caption];
-    }
-    Reindex(0, 0);
+    Index();
 }
 
 }  // namespace tessel::diagram

@@ -4,6 +4,7 @@
 #include <span>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "platform/diagram/diagram.h"
@@ -17,10 +18,11 @@ class Content {
   public:
     using Keys = std::vector<std::string>;
 
-    [[nodiscard]] const Diagram& Drawing() const { return diagram_; }
-    [[nodiscard]] const std::vector<Rect>& Outlines() const { return outlines_; }  // of the boxes, in order
+    [[nodiscard]] const Diagram& Drawing() const { return Tidy(), diagram_; }
+    [[nodiscard]] const std::vector<Rect>& Outlines() const { return Tidy(), outlines_; }  // of the boxes
 
-    [[nodiscard]] const Box* FindBox(const std::string& key) const;  // null when it is not there
+    // Null when it is not there. Good until another call.
+    [[nodiscard]] const Box* FindBox(const std::string& key) const;
     [[nodiscard]] const Link* FindLink(const std::string& key) const;
     [[nodiscard]] Rect OutlineOf(const std::string& key) const;
     [[nodiscard]] Rect Extent() const;  // the Bounds of the drawing
@@ -66,21 +68,25 @@ class Content {
 
     [[nodiscard]] Box* BoxOf(const std::string& key);
     [[nodiscard]] Link* LinkOf(const std::string& key);
-    void Reindex(std::size_t firstBox, std::size_t firstLink);
+    void Tidy() const;
+    void Index() const;
     void Uncount(const std::string& caption);
     void Renew(const Box& box);  // after its size or place changed
     void UndrawLinksOf(const std::string& key);
     [[nodiscard]] Point PlaceFor(const std::string& key, const std::string& caption, Point place);
     void TakeUp(Diagram diagram);
 
-    Diagram diagram_;
-    std::vector<Rect> outlines_;
-    std::unordered_map<std::string, std::size_t> boxes_;  // indexes by key
-    std::unordered_map<std::string, std::size_t> links_;
-    std::unordered_map<std::string, std::size_t> captions_;  // how many boxes have each
-    Places removed_;                                         // of removed boxes, by caption
-    Places arranged_;                                        // of boxes at the last Clear, by key
-    Places before_;                                          // the last placement, by key
+    // What is removed leaves the lists when somebody looks at them, so that many may go at once.
+    mutable Diagram diagram_;
+    mutable std::vector<Rect> outlines_;
+    mutable std::unordered_map<std::string, std::size_t> boxes_;  // indexes by key
+    mutable std::unordered_map<std::string, std::size_t> links_;
+    mutable std::unordered_set<std::string> gone_;  // boxes that are in the lists only
+    mutable bool isTidy_ = true;
+    mutable std::unordered_map<std::string, std::size_t> captions_;  // how many boxes have each
+    Places removed_;                                                 // of removed boxes, by caption
+    Places arranged_;                                                // of boxes at the last Clear, by key
+    Places before_;                                                  // the last placement, by key
     bool isArranged_ = false;
     std::optional<Sight> sight_{};
     std::string path_;  // of the file that was there at the last load or save

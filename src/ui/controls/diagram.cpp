@@ -86,17 +86,20 @@ void TDiagram::ConnectSearch() {
 }
 
 void TDiagram::Renew() {
-    if (isSuspended_) return;
+    isStale_ = suspensions_ > 0;
+    if (isStale_) return;
     content_.Route();
     view_->Renew();
     search_->Refresh();
     emit Changed();
 }
 
-void TDiagram::SuspendDrawing() { isSuspended_ = true; }
+void TDiagram::SuspendDrawing() { ++suspensions_; }
 
 void TDiagram::ResumeDrawing() {
-    if (std::exchange(isSuspended_, false)) Renew();
+    if (--suspensions_ > 0) return;
+    if (isStale_) Renew();
+    BringIntoView(std::exchange(awaited_, {}));
 }
 
 void TDiagram::Clear() {
@@ -194,7 +197,13 @@ std::string TDiagram::CurrentBox() const { return view_->Marks().current; }
 void TDiagram::SetCurrentBox(const std::string& key) { view_->SetCurrentBox(key); }
 std::string TDiagram::CurrentLink() const { return view_->Marks().currentLink; }
 void TDiagram::SetCurrentLink(const std::string& key) { view_->SetCurrentLink(key); }
-void TDiagram::BringIntoView(const std::string& box) { view_->BringIntoView(box); }
+
+void TDiagram::BringIntoView(const std::string& box) {
+    if (suspensions_ > 0)
+        awaited_ = box;
+    else
+        view_->BringIntoView(box);
+}
 
 int TDiagram::Zoom() const { return view_->Zoom(); }
 void TDiagram::SetZoom(int percent) { view_->SetZoom(percent); }

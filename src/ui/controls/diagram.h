@@ -72,7 +72,8 @@ class TDiagram : public QWidget {
     [[nodiscard]] QVariantList Boxes() const;
     [[nodiscard]] QVariantList Links() const;
 
-    // Between the two nothing is drawn and no Changed is sent; Resume then does both once.
+    // Between the two nothing is drawn, no Changed is sent and no box brought into view; Resume then does all
+    // that once. Pairs may nest.
     void SuspendDrawing();
     void ResumeDrawing();
 
@@ -160,8 +161,22 @@ class TDiagram : public QWidget {
     QToolBar* toolbar_;
     DiagramView* view_;
     DiagramSearch* search_;
-    bool isSuspended_ = false;
+    int suspensions_ = 0;
+    bool isStale_ = false;  // changed while drawing is suspended
+    std::string awaited_;   // the box to bring into view then
     bool hasLoaded_ = false;
+};
+
+// While it lives the drawing of the diagram is suspended.
+class SuspendedDrawing {
+  public:
+    explicit SuspendedDrawing(TDiagram& diagram) : diagram_(diagram) { diagram_.SuspendDrawing(); }
+    ~SuspendedDrawing() { diagram_.ResumeDrawing(); }
+    SuspendedDrawing(const SuspendedDrawing&) = delete;
+    SuspendedDrawing& operator=(const SuspendedDrawing&) = delete;
+
+  private:
+    TDiagram& diagram_;
 };
 
 }  // namespace tessel

@@ -6,6 +6,8 @@
 #include <QTimer>
 #include <QToolTip>
 
+#include "ui/controls/connect.h"
+
 namespace tessel {
 
 namespace {
@@ -35,11 +37,12 @@ void ListDelegate::setModelData(QWidget* editor, QAbstractItemModel*, const QMod
     const QString text = qobject_cast<QLineEdit*>(editor)->text();
     if (!rename_ || text == index.data(Qt::EditRole).toString()) return;
     auto* view = qobject_cast<QAbstractItemView*>(parent());
-    QTimer::singleShot(0, view, [view, rename = rename_(index, text), item = QPersistentModelIndex(index)] {
+    const auto apply = [view, rename = rename_(index, text), item = QPersistentModelIndex(index)] {
         if (rename() || !item.isValid()) return;
         view->setCurrentIndex(item);
         view->edit(item);
-    });
+    };
+    QTimer::singleShot(0, view, [apply] { Guard(apply); });
 }
 
 }  // namespace tessel

@@ -4,6 +4,8 @@
 #include <QKeyEvent>
 #include <algorithm>
 
+#include "ui/controls/connect.h"
+
 namespace tessel {
 
 namespace {
@@ -48,7 +50,7 @@ void ListView::keyReleaseEvent(QKeyEvent* event) {
     if (pressed == pressed_.end() || event->isAutoRepeat()) return QTreeView::keyReleaseEvent(event);
     const auto act = commands_.at(*pressed);
     pressed_.erase(pressed);
-    act();
+    Guard(act);
 }
 
 void ListView::mousePressEvent(QMouseEvent* event) {

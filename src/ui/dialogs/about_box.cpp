@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPushButton>
 
+#include "ui/controls/connect.h"
 #include "ui/controls/image_list.h"
 #include "ui/dialogs/dialog.h"
 
@@ -76,7 +77,7 @@ void ShowAbout(ComponentState& state, QWidget* owner) {
     auto* buttons = new QDialogButtonBox(QDialogButtonBox::Ok);
     buttons->button(QDialogButtonBox::Ok)->setObjectName("cmdOK");
     buttons->button(QDialogButtonBox::Ok)->setText(Caption(texts.Text(okText)));
-    QObject::connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
+    Connect(buttons, &QDialogButtonBox::accepted, &dialog, &QDialog::accept);
 
     auto* grid = new QGridLayout(&dialog);
     grid->addWidget(Picture(dialog), 0, 0, 2, 1, Qt::AlignTop);

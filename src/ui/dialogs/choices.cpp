@@ -2,6 +2,8 @@
 
 #include <QComboBox>
 
+#include "ui/controls/connect.h"
+
 namespace tessel {
 
 QComboBox* ChoiceBox(const char* name, const std::vector<std::string>& texts) {
@@ -16,8 +18,8 @@ void ShowChoice(QComboBox& box, std::optional<std::size_t> choice) {
 }
 
 void OnChoice(QComboBox& box, const std::function<void(std::size_t)>& choose) {
-    QObject::connect(&box, &QComboBox::activated, &box,
-                     [choose](int choice) { choose(static_cast<std::size_t>(choice)); });
+    Connect(&box, &QComboBox::activated, &box,
+            [choose](int choice) { choose(static_cast<std::size_t>(choice)); });
 }
 
 }  // namespace tessel

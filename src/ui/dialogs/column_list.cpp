@@ -5,6 +5,7 @@
 #include <QHeaderView>
 #include <algorithm>
 
+#include "ui/controls/connect.h"
 #include "ui/rules/list_widths.h"
 
 namespace tessel {
@@ -77,7 +78,7 @@ QSize ColumnList::sizeHint() const {
 }
 
 void ColumnList::OnEnter(const std::function<void()>& act) {
-    connect(this, &QTreeView::doubleClicked, this, act);
+    Connect(this, &QTreeView::doubleClicked, this, act);
     OnKey(Qt::Key_Return, act);
 }
 

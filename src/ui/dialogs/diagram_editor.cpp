@@ -7,6 +7,7 @@
 #include <QVBoxLayout>
 
 #include "platform/diagram/diagram_file.h"
+#include "ui/controls/connect.h"
 #include "ui/controls/help_window.h"
 #include "ui/dialogs/diagram_services.h"
 #include "ui/dialogs/dialog.h"
@@ -67,7 +68,7 @@ QWidget* DiagramEditor::Placeholder() {
     text->setAlignment(Qt::AlignCenter);
     auto* back = new QPushButton(Caption(state_.texts->Text(backText)));
     back->setObjectName("cmdBack");
-    connect(back, &QPushButton::clicked, this, &QWidget::close);
+    Connect(back, &QPushButton::clicked, this, &QWidget::close);
     auto* column = new QVBoxLayout(placeholder);
     column->addStretch();
     column->addWidget(text);

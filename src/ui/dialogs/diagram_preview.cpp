@@ -10,6 +10,7 @@
 #include <cmath>
 
 #include "platform/files/file_service.h"
+#include "ui/controls/connect.h"
 #include "ui/dialogs/diagram_formats.h"
 #include "ui/dialogs/diagram_services.h"
 #include "ui/rules/help_contexts.h"
@@ -120,8 +121,8 @@ void PrintPreview::AddZoomButtons(QFormLayout& form) {
         button->setObjectName(name);
         button->setAutoDefault(false);
         form.addRow(button);
-        connect(button, &QPushButton::clicked, pages_, act);
-        connect(new QShortcut(key, this), &QShortcut::activated, button, &QPushButton::click);
+        Connect(button, &QPushButton::clicked, pages_, act);
+        Connect(new QShortcut(key, this), &QShortcut::activated, button, &QPushButton::click);
     };
     add("cmdZoomIn", zoomInText, QKeySequence::ZoomIn, [this] { pages_->zoomIn(); });
     add("cmdZoomOut", zoomOutText, QKeySequence::ZoomOut, [this] { pages_->zoomOut(); });
@@ -129,25 +130,25 @@ void PrintPreview::AddZoomButtons(QFormLayout& form) {
 }
 
 void PrintPreview::ConnectFields() {
-    connect(pages_, &QPrintPreviewWidget::paintRequested, this, [this] { Print(job_, printer_); });
-    connect(cmbLayout_, &QComboBox::activated, this, [this](int index) {
+    Connect(pages_, &QPrintPreviewWidget::paintRequested, this, [this] { Print(job_, printer_); });
+    Connect(cmbLayout_, &QComboBox::activated, this, [this](int index) {
         job_.percent = index == 0 ? std::nullopt : std::optional(numScale_->value());
         Refresh();
     });
-    connect(numScale_, &QSpinBox::valueChanged, this, [this](int value) {
+    Connect(numScale_, &QSpinBox::valueChanged, this, [this](int value) {
         if (!job_.percent || *job_.percent == value) return;
         job_.percent = value;
         Refresh();
     });
-    connect(cmbPaper_, &QComboBox::activated, this, [this] {
+    Connect(cmbPaper_, &QComboBox::activated, this, [this] {
         printer_.setPageSize(QPageSize(cmbPaper_->currentData().value<QPageSize::PageSizeId>()));
         Refresh();
     });
-    connect(cmbOrientation_, &QComboBox::activated, this, [this](int index) {
+    Connect(cmbOrientation_, &QComboBox::activated, this, [this](int index) {
         printer_.setPageOrientation(index == 0 ? QPageLayout::Portrait : QPageLayout::Landscape);
         Refresh();
     });
-    connect(numMargins_, &QSpinBox::valueChanged, this, [this](int value) {
+    Connect(numMargins_, &QSpinBox::valueChanged, this, [this](int value) {
         if (value == MarginsOf(printer_)) return;
         SetMargins(printer_, value);
         Refresh();

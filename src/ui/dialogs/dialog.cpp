@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 
+#include "ui/controls/connect.h"
 #include "ui/controls/help_window.h"
 #include "ui/controls/qt_settings.h"
 
@@ -31,8 +32,8 @@ Dialog::Dialog(ComponentState& state, const char* name, int helpContext, QWidget
     setSizeGripEnabled(true);
     buttons_->button(QDialogButtonBox::Ok)->setObjectName("cmdOK");
     buttons_->button(QDialogButtonBox::Cancel)->setObjectName("cmdCancel");
-    connect(buttons_, &QDialogButtonBox::accepted, this, &Dialog::accept);
-    connect(buttons_, &QDialogButtonBox::rejected, this, &Dialog::reject);
+    Connect(buttons_, &QDialogButtonBox::accepted, this, &Dialog::accept);
+    Connect(buttons_, &QDialogButtonBox::rejected, this, &Dialog::reject);
     auto* layout = new QVBoxLayout(this);
     layout->addLayout(body_, 1);
     layout->addWidget(buttons_);

@@ -3,11 +3,12 @@
 #include <QLineEdit>
 
 #include "platform/text/utf8.h"
+#include "ui/controls/connect.h"
 
 namespace tessel {
 
 void FilterLine(QLineEdit& line, EditText edit, std::function<void()> refresh) {
-    QObject::connect(&line, &QLineEdit::textEdited, [&line, edit, refresh](const QString& typed) {
+    Connect(&line, &QLineEdit::textEdited, &line, [&line, edit, refresh](const QString& typed) {
         const std::string before = typed.left(line.cursorPosition()).toStdString();
         const std::int32_t caret =
             edit(typed.toStdString(), static_cast<std::int32_t>(text::CharacterCount(before)));

@@ -15,6 +15,7 @@
 
 #include "tessel/convert.h"
 #include "tessel/error.h"
+#include "ui/controls/connect.h"
 #include "ui/dialogs/dialog.h"
 #include "ui/dialogs/form_file.h"
 
@@ -121,7 +122,7 @@ FormControl MakeFile(const ComponentState& state, const FormField& field) {
     browse->setObjectName(QString::fromStdString(field.key + "_browse"));
     browse->setAccessibleDescription(Caption(field.caption).remove('&'));
     browse->setAutoDefault(false);
-    QObject::connect(browse, &QPushButton::clicked, line, [&state, field, line] {
+    Connect(browse, &QPushButton::clicked, line, [&state, field, line] {
         const QString path = ChooseFile(state, field, line->text(), line->window());
         if (path.isEmpty()) return;
         line->setText(path);

@@ -38,7 +38,8 @@ QString ChooseFile(const ComponentState& state, const host::FormField& field, co
     const QString filter = Caption(field.filter);
     QFileDialog dialog(owner);
     dialog.setObjectName("fileDialog");
-    dialog.setOptions(QFileDialog::DontUseNativeDialog);
+    // Who writes the file asks before another one is replaced.
+    dialog.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::DontConfirmOverwrite);
     dialog.setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     dialog.setFileMode(saves ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     dialog.setDefaultSuffix(SuffixIn(filter));

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include "ui/controls/connect.h"
 #include "ui/controls/image_list.h"
 #include "ui/dialogs/choices.h"
 #include "ui/dialogs/fields.h"
@@ -79,7 +80,7 @@ QWidget* frmColumn::GeneralPage() {
     AddHeading(*grid);
     AddFields(*grid);
     auto* cmdDefault = Named<QPushButton>("cmdDefault", Text(saveAsDefaultText));
-    connect(cmdDefault, &QPushButton::clicked, this, &frmColumn::SaveAsDefault);
+    Connect(cmdDefault, &QPushButton::clicked, this, &frmColumn::SaveAsDefault);
     grid->setRowStretch(grid->rowCount(), 1);
     grid->addWidget(cmdDefault, grid->rowCount(), 0, 1, fieldSpan + 1, Qt::AlignRight);
     grid->setColumnStretch(1, 1);
@@ -130,12 +131,13 @@ void frmColumn::ListenToFields() {
         refresh);
     FilterLine(
         *txtScale_, [this](const auto& text, auto caret) { return rules_.EditScale(text, caret); }, refresh);
-    connect(chkAllowNulls_, &QCheckBox::clicked, [this](bool checked) { rules_.SetAllowNulls(checked); });
-    connect(chkWithDefault_, &QCheckBox::clicked, [this](bool checked) {
+    Connect(chkAllowNulls_, &QCheckBox::clicked, this,
+            [this](bool checked) { rules_.SetAllowNulls(checked); });
+    Connect(chkWithDefault_, &QCheckBox::clicked, this, [this](bool checked) {
         rules_.SetWithDefault(checked);
         Refresh();
     });
-    connect(txtDefault_, &QLineEdit::textEdited,
+    Connect(txtDefault_, &QLineEdit::textEdited, this,
             [this](const QString& text) { rules_.EditDefault(text.toStdString()); });
 }
 

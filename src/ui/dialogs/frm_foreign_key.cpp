@@ -8,6 +8,7 @@
 #include <QTextDocument>
 #include <QTimer>
 
+#include "ui/controls/connect.h"
 #include "ui/dialogs/choices.h"
 #include "ui/dialogs/column_list.h"
 #include "ui/dialogs/fields.h"
@@ -138,11 +139,11 @@ void frmForeignKey::ListenTo(ForeignKeyDialog::List list) {
 }
 
 void frmForeignKey::ListenToButtons() {
-    connect(cmdLink_, &QPushButton::clicked, [this] {
+    Connect(cmdLink_, &QPushButton::clicked, this, [this] {
         rules_.Link();
         Refresh();
     });
-    connect(cmdUnlink_, &QPushButton::clicked, [this] {
+    Connect(cmdUnlink_, &QPushButton::clicked, this, [this] {
         rules_.Unlink();
         Refresh();
     });
@@ -155,10 +156,10 @@ void frmForeignKey::ListenToButtons() {
 
 void frmForeignKey::FollowLines() {
     for (auto* list : lvColumns_)
-        connect(list->verticalScrollBar(), &QScrollBar::valueChanged, [this] { lines_->Follow(); });
+        Connect(list->verticalScrollBar(), &QScrollBar::valueChanged, this, [this] { lines_->Follow(); });
     auto* timer = new QTimer(this);
     timer->setObjectName("tmrLines");
-    connect(timer, &QTimer::timeout, [this] { lines_->Follow(); });
+    Connect(timer, &QTimer::timeout, this, [this] { lines_->Follow(); });
     timer->start(linesInterval);
 }
 

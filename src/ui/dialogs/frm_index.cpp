@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QToolButton>
 
+#include "ui/controls/connect.h"
 #include "ui/dialogs/column_list.h"
 #include "ui/dialogs/fields.h"
 #include "ui/dialogs/short_comment.h"
@@ -131,7 +132,7 @@ void frmIndex::ListenTo(IndexDialog::List list) {
     };
     lvColumns_[list]->OnEnter(add);
     lvColumns_[list]->OnKey(list == Available ? Qt::Key_Insert : Qt::Key_Delete, add);
-    connect(cmdAdd_[list], &QAbstractButton::clicked, this, add);
+    Connect(cmdAdd_[list], &QAbstractButton::clicked, this, add);
 }
 
 void frmIndex::ListenToButtons() {
@@ -141,18 +142,18 @@ void frmIndex::ListenToButtons() {
             rules_.Move(towards);
             Refresh();
         };
-        connect(cmdMove_[direction], &QAbstractButton::clicked, this, move);
+        Connect(cmdMove_[direction], &QAbstractButton::clicked, this, move);
         lvColumns_[InIndex]->OnKey(Qt::CTRL | key, move);
     }
-    connect(cmdDesc_, &QAbstractButton::clicked, [this] {
+    Connect(cmdDesc_, &QAbstractButton::clicked, this, [this] {
         rules_.SwitchDirection();
         Refresh();
     });
-    connect(chkPrimary_, &QCheckBox::clicked, [this](bool checked) {
+    Connect(chkPrimary_, &QCheckBox::clicked, this, [this](bool checked) {
         rules_.SetPrimary(checked);
         Refresh();
     });
-    connect(chkUnique_, &QCheckBox::clicked, [this](bool checked) {
+    Connect(chkUnique_, &QCheckBox::clicked, this, [this](bool checked) {
         rules_.SetUnique(checked);
         Refresh();
     });

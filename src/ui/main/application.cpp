@@ -2,6 +2,8 @@
 
 #include <QLibraryInfo>
 
+#include "ui/controls/connect.h"
+
 namespace tessel {
 
 Application::Application(int& count, char** arguments, std::function<void(const std::string&)> report)
@@ -24,6 +26,12 @@ bool Application::notify(QObject* receiver, QEvent* event) {
         report_(error.what());
         return false;
     }
+}
+
+bool Application::event(QEvent* event) {
+    if (event->type() != Failure::EventType()) return QApplication::event(event);
+    report_(static_cast<const Failure*>(event)->Text());
+    return true;
 }
 
 }  // namespace tessel

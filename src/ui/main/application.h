@@ -7,7 +7,7 @@
 
 namespace tessel {
 
-// The program as Qt runs it. What an event's handling throws is reported, and the program goes on.
+// The program as Qt runs it. What a slot or an event's handling throws is reported, and the program goes on.
 class Application : public QApplication {
   public:
     // `arguments` and `count` outlive the application.
@@ -18,6 +18,7 @@ class Application : public QApplication {
     void UseLanguage(const std::string& language);
 
     bool notify(QObject* receiver, QEvent* event) override;
+    bool event(QEvent* event) override;
 
   private:
     std::function<void(const std::string&)> report_;

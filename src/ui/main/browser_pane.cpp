@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "schema/object_keys.h"
+#include "ui/controls/connect.h"
 #include "ui/dialogs/frm_table.h"
 
 namespace tessel {
@@ -16,7 +17,7 @@ BrowserPane::BrowserPane(ComponentState& state, const Commands& commands)
     lvBrowser_->setModel(&model_);
     ConnectList();
     ConnectCommands(commands);
-    connect(lvBrowser_, &ListView::PopupWanted, this, [&commands](const QPoint& place) {
+    Connect(lvBrowser_, &ListView::PopupWanted, this, [&commands](const QPoint& place) {
         commands.Popup("mnuStructure", place, "mnuStructureProperties");
     });
 }
@@ -32,7 +33,7 @@ void BrowserPane::ConnectList() {
                 return rules_.Rename(IdentifierOf(table.key), table.text, name);
             };
     });
-    connect(lvBrowser_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+    Connect(lvBrowser_->selectionModel(), &QItemSelectionModel::selectionChanged, this,
             &BrowserPane::TableSelected);
 }
 

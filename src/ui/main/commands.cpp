@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "ui/controls/connect.h"
 #include "ui/controls/image_list.h"
 
 namespace tessel {
@@ -153,7 +154,7 @@ void Commands::On(std::initializer_list<const char*> items, const std::function<
     const auto actIfAwake = [&menuBar = menuBar_, act] {
         if (menuBar.isEnabled()) act();
     };
-    for (const char* item : items) QObject::connect(&Item(item), &QAction::triggered, &menuBar_, actIfAwake);
+    for (const char* item : items) Connect(&Item(item), &QAction::triggered, &menuBar_, actIfAwake);
 }
 
 void Commands::Popup(const char* menu, const QPoint& place, const char* defaultItem) const {
@@ -161,7 +162,7 @@ void Commands::Popup(const char* menu, const QPoint& place, const char* defaultI
     // In the menu bar the same menu has no such item.
     if (defaultItem) {
         shown.setDefaultAction(&Item(defaultItem));
-        QObject::connect(
+        Connect(
             &shown, &QMenu::aboutToHide, &shown, [&shown] { shown.setDefaultAction(nullptr); },
             Qt::SingleShotConnection);
     }

@@ -5,6 +5,7 @@
 
 #include "platform/files/file_service.h"
 #include "schema/object_keys.h"
+#include "ui/controls/connect.h"
 #include "ui/dialogs/diagram_services.h"
 #include "ui/main/busy.h"
 #include "ui/main/diagram_pane.h"
@@ -40,20 +41,20 @@ class EscapeWatch : public QObject {
 }  // namespace
 
 void DiagramPane::ConnectEvents() {
-    connect(diagram_, &TDiagram::BoxClicked, this, &DiagramPane::ClickBox);
-    connect(diagram_, &TDiagram::BoxDoubleClicked, this, [this](const std::string& key) {
+    Connect(diagram_, &TDiagram::BoxClicked, this, &DiagramPane::ClickBox);
+    Connect(diagram_, &TDiagram::BoxDoubleClicked, this, [this](const std::string& key) {
         if (browser_.Select(key)) browser_.Properties();
     });
-    connect(diagram_, &TDiagram::LinkClicked, this, &DiagramPane::ClickLink);
-    connect(diagram_, &TDiagram::BoxesConnected, this,
+    Connect(diagram_, &TDiagram::LinkClicked, this, &DiagramPane::ClickLink);
+    Connect(diagram_, &TDiagram::BoxesConnected, this,
             [this](const std::string& from, const std::string& to) {
                 emit NewKeyWanted(IdentifierOf(from), diagram_->BoxCaption(from), IdentifierOf(to));
             });
-    connect(diagram_, &TDiagram::MousePressed, this, [this](Qt::MouseButton button) { button_ = button; });
-    connect(diagram_, &TDiagram::BackgroundClicked, this, &DiagramPane::ClickBackground);
-    connect(diagram_, &TDiagram::KeyReleased, this, &DiagramPane::ReleaseKey);
-    connect(diagram_, &TDiagram::Changed, this, [this] { RefreshCommands(paneIsVisible_); });
-    connect(diagram_, &TDiagram::QuickSearchChanged, this,
+    Connect(diagram_, &TDiagram::MousePressed, this, [this](Qt::MouseButton button) { button_ = button; });
+    Connect(diagram_, &TDiagram::BackgroundClicked, this, &DiagramPane::ClickBackground);
+    Connect(diagram_, &TDiagram::KeyReleased, this, &DiagramPane::ReleaseKey);
+    Connect(diagram_, &TDiagram::Changed, this, [this] { RefreshCommands(paneIsVisible_); });
+    Connect(diagram_, &TDiagram::QuickSearchChanged, this,
             [this](bool on) { commands_.Item("mnuDiagramSearch").setChecked(on); });
 }
 
@@ -61,7 +62,7 @@ void DiagramPane::ConnectCommands() {
     const auto on = [this](std::initializer_list<const char*> items, const char* button,
                            void (DiagramPane::*act)()) {
         commands_.On(items, [this, act] { (this->*act)(); });
-        connect(diagram_, &TDiagram::ButtonClicked, this, [this, button, act](const std::string& key) {
+        Connect(diagram_, &TDiagram::ButtonClicked, this, [this, button, act](const std::string& key) {
             if (key == button) (this->*act)();
         });
     };

@@ -31,18 +31,6 @@ constexpr Button buttons[] = {
 constexpr const char* commandsOnBoxes[] = {"mnuDiagramCopyClipboard", "mnuDiagramPrint", "mnuDiagramSaveAs",
                                            "mnuDiagramAutoPlace", "mnuGeneralAutoPlace"};
 
-// While it lives the diagram is not drawn.
-class Suspended {
-  public:
-    explicit Suspended(TDiagram& diagram) : diagram_(diagram) { diagram_.SuspendDrawing(); }
-    ~Suspended() { diagram_.ResumeDrawing(); }
-    Suspended(const Suspended&) = delete;
-    Suspended& operator=(const Suspended&) = delete;
-
-  private:
-    TDiagram& diagram_;
-};
-
 }  // namespace
 
 DiagramPane::DiagramPane(ComponentState& state, const Commands& commands, BrowserPane& browser)
@@ -56,7 +44,7 @@ void DiagramPane::Refresh() {
     AddButtons();
     diagram_->SetZoom(100);
     {
-        const Suspended drawing(*diagram_);
+        const SuspendedDrawing drawing(*diagram_);
         diagram_->Clear();
         diagram_->LoadFile(DiagramFile());
         nextBox_ = {};
@@ -69,7 +57,7 @@ void DiagramPane::Refresh() {
 
 void DiagramPane::FollowDatabase() {
     {
-        const Suspended drawing(*diagram_);
+        const SuspendedDrawing drawing(*diagram_);
         nextBox_ = {};
         AddBoxes();
         AddLinks();

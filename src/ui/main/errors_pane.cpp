@@ -5,6 +5,8 @@
 #include <QPalette>
 #include <algorithm>
 
+#include "ui/controls/connect.h"
+
 namespace tessel {
 
 namespace {
@@ -49,7 +51,7 @@ ErrorsPane::ErrorsPane(const text::Texts& texts)
     const auto choose = [this](const QModelIndex& index) {
         if (index.isValid()) emit ErrorChosen(model_.Error(index.row()));
     };
-    connect(lvErrors_, &ListView::doubleClicked, this, choose);
+    Connect(lvErrors_, &ListView::doubleClicked, this, choose);
     lvErrors_->OnKey(Qt::Key_Return, [this, choose] { choose(lvErrors_->currentIndex()); });
 }
 

@@ -4,6 +4,8 @@
 #include <QToolButton>
 #include <vector>
 
+#include "ui/controls/connect.h"
+
 namespace tessel {
 
 namespace {
@@ -51,7 +53,7 @@ void ExecuteMenu::AddEntry(const AddOnMenu::Item& item) {
     action->setData(static_cast<int>(item.entry));
     AddOnEntry& entry = listed_.entries[item.entry - 1];
     entry.caption = action->text().toStdString();
-    connect(action, &QAction::triggered, this,
+    Connect(action, &QAction::triggered, this,
             [this, action, &entry] { emit Chosen(entry, action->iconText()); });
 }
 

@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 
 #include "schema/object_keys.h"
+#include "ui/controls/connect.h"
 #include "ui/controls/help_window.h"
 #include "ui/rules/help_contexts.h"
 
@@ -69,24 +70,25 @@ void frmMain::PlacePanes() {
 }
 
 void frmMain::ConnectPanes() {
-    connect(splitter_, &TSplitter::LayoutChanged, this, &frmMain::FollowLayout);
+    Connect(splitter_, &TSplitter::LayoutChanged, this, &frmMain::FollowLayout);
     splitter_->SetCloseHandler([this](const QString& name) {
         if (name == "Log") logCV_->SetVisible(false);
         return name == "Log";
     });
-    connect(&browser_, &BrowserPane::TableSelected, this, &frmMain::ShowTable);
-    connect(&browser_.View(), &ListView::clicked, this, [this] {
+    Connect(&browser_, &BrowserPane::TableSelected, this, &frmMain::ShowTable);
+    Connect(&browser_.View(), &ListView::clicked, this, [this] {
         if (const BrowserRow* table = browser_.Selected()) diagram_.ShowBox(table->key);
     });
-    connect(&errors_, &ErrorsPane::ErrorChosen, this, &frmMain::ShowError);
-    connect(properties_, &PropertiesPane::OriginWanted, this, [this](const std::string& tag) {
+    Connect(&errors_, &ErrorsPane::ErrorChosen, this, &frmMain::ShowError);
+    Connect(properties_, &PropertiesPane::OriginWanted, this, [this](const std::string& tag) {
         if (tag != CVRL()) SetCVRL(tag);
     });
-    connect(properties_, &PropertiesPane::TableWanted, this, &frmMain::ShowRow);
-    connect(&diagram_, &DiagramPane::RowWanted, this,
+    Connect(properties_, &PropertiesPane::TableWanted, this, &frmMain::ShowRow);
+    Connect(&diagram_, &DiagramPane::RowWanted, this,
             [this](std::int32_t tabID, const std::string& keyRow) { ShowRow(tabID, "Keys", keyRow); });
-    connect(&diagram_, &DiagramPane::NewKeyWanted, this, &frmMain::AddNewKey);
-    connect(log_, &LogView::HelpWanted, this, [this] { ShowHelp(state_, this, help_context::activityLog); });
+    Connect(&diagram_, &DiagramPane::NewKeyWanted, this, &frmMain::AddNewKey);
+    Connect(log_.data(), &LogView::HelpWanted, this,
+            [this] { ShowHelp(state_, this, help_context::activityLog); });
 }
 
 void frmMain::DrawTable(const std::string& tableName, std::int32_t tabID, const Value& tag,
@@ -118,7 +120,10 @@ void frmMain::AddNewKey(std::int32_t tabID, const std::string& name, std::int32_
 
 void frmMain::StartProgress(const std::string& action, std::int32_t totalLength) {
     coolBar_->ShowProgress(QString::fromStdString(action) + "...", totalLength);
-    if (!progress_) progress_ = std::make_unique<Busy>(*this);
+    if (!progress_) {
+        progress_ = std::make_unique<Busy>(*this);
+        drawing_.emplace(diagram_.View());
+    }
     QApplication::processEvents();
 }
 
@@ -128,6 +133,7 @@ void frmMain::FinishStep(std::int32_t length) { coolBar_->Advance(length); }
 
 void frmMain::FinishProgress() {
     coolBar_->HideProgress();
+    drawing_.reset();
     progress_.reset();
 }
 

@@ -41,8 +41,8 @@ class frmMain : public QMainWindow, public ToolWindow {
     void SetConnectorText(const std::string& key, const std::string& caption) override;
     void RemoveConnector(const std::string& key) override;
 
-    // While progress is made the window takes no input and refuses to close. Units beyond the total are not
-    // shown.
+    // While progress is made the window takes no input and refuses to close, and the diagram is drawn at its
+    // end only. Units beyond the total are not shown.
     void StartProgress(const std::string& action, std::int32_t totalLength) override;
     void StartStep(const std::string& act) override;
     void FinishStep(std::int32_t length) override;
@@ -134,6 +134,7 @@ class frmMain : public QMainWindow, public ToolWindow {
     QPointer<LogView> log_;
     std::unique_ptr<LogWindow> logWindow_;  // around the log view while that is not docked
     std::unique_ptr<Busy> progress_;
+    std::optional<SuspendedDrawing> drawing_;  // while progress is made
 };
 
 // Makes the window, shows and loads it.

@@ -1,12 +1,16 @@
 #include "ui/main/open_window.h"
 
-#include <QImageWriter>
+#include <QBuffer>
+#include <QImage>
 #include <QLoggingCategory>
 #include <algorithm>
+#include <filesystem>
 #include <iostream>
 
 #include "engine/queued_questions.h"
 #include "engine/tessel_engine.h"
+#include "platform/files/file_service.h"
+#include "tessel/error.h"
 #include "ui/controls/qt_settings.h"
 #include "ui/main/application.h"
 #include "ui/main/frm_main.h"
@@ -47,11 +51,18 @@ void PrintAsked(QueuedQuestions& questions) {
 }
 
 bool Write(const QImage& image, const std::string& path) {
-    QImageWriter writer(QString::fromStdString(path), "png");
-    if (writer.write(image)) return true;
-    std::cerr << "tessel: The picture " << path
-              << " cannot be written. Check that its folder is there, may be written to and has room.\n";
-    return false;
+    QByteArray content;
+    QBuffer buffer(&content);
+    try {
+        if (!image.save(&buffer, "PNG"))
+            throw Error(ErrorKind::File, "The picture " + path + " cannot be made.");
+        files::ReplaceFile(std::filesystem::absolute(path).lexically_normal().string(),
+                           content.toStdString());
+        return true;
+    } catch (const Error& error) {
+        std::cerr << "tessel: " << error.what() << '\n';
+        return false;
+    }
 }
 
 }  // namespace

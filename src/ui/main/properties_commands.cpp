@@ -5,6 +5,7 @@
 #include <QApplication>
 
 #include "schema/object_keys.h"
+#include "ui/controls/connect.h"
 #include "ui/dialogs/frm_column.h"
 #include "ui/dialogs/frm_create_key.h"
 #include "ui/dialogs/frm_foreign_key.h"
@@ -20,7 +21,7 @@ void PropertiesPane::AddLocateMenu() {
     mnuPopupLocateItem_->setObjectName("mnuPopupLocateItem");
     menu->addAction(mnuPopupLocateItem_);
     commands_.Item("mnuPopupLocate").setMenu(menu);
-    connect(mnuPopupLocateItem_, &QAction::triggered, this, &PropertiesPane::Locate);
+    Connect(mnuPopupLocateItem_, &QAction::triggered, this, &PropertiesPane::Locate);
 }
 
 void PropertiesPane::ConnectKeys() {
@@ -48,8 +49,8 @@ void PropertiesPane::ConnectCommands() {
                 name = name.toStdString()] { return list_.Rename(tab, row, name); };
     });
     // Queued, since the list gives up an edit that the first of the clicks began only after this signal.
-    connect(lvProperties_, &ListView::doubleClicked, this, &PropertiesPane::Properties, Qt::QueuedConnection);
-    connect(lvProperties_, &ListView::PopupWanted, this, [this](const QPoint& place) {
+    Connect(lvProperties_, &ListView::doubleClicked, this, &PropertiesPane::Properties, Qt::QueuedConnection);
+    Connect(lvProperties_, &ListView::PopupWanted, this, [this](const QPoint& place) {
         if (list_.ShownTable()) commands_.Popup("mnuPopup", place, "mnuPopupProperties");
     });
 }

@@ -8,6 +8,7 @@
 
 #include "platform/text/utf8.h"
 #include "schema/object_keys.h"
+#include "ui/controls/connect.h"
 #include "ui/main/row_drag.h"
 
 namespace tessel {
@@ -73,7 +74,7 @@ void PropertiesPane::AddTabs() {
         const QString caption = QString::fromStdString(state_.texts->Text(info.caption));
         tsProperties_->setTabData(tsProperties_->addTab(caption), info.key);
     }
-    connect(tsProperties_, &QTabBar::currentChanged, this, [this](int tab) { list_.ChangeTab(tabs[tab]); });
+    Connect(tsProperties_, &QTabBar::currentChanged, this, [this](int tab) { list_.ChangeTab(tabs[tab]); });
 }
 
 void PropertiesPane::ConnectList() {
@@ -82,19 +83,19 @@ void PropertiesPane::ConnectList() {
     lvProperties_->header()->setStretchLastSection(false);
     lvProperties_->setModel(&model_);
     const auto follow = [this] { FollowSelection(); };
-    connect(lvProperties_->selectionModel(), &QItemSelectionModel::selectionChanged, this, follow);
-    connect(lvProperties_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, follow);
-    connect(&model_, &QAbstractItemModel::modelReset, this, [this] {
+    Connect(lvProperties_->selectionModel(), &QItemSelectionModel::selectionChanged, this, follow);
+    Connect(lvProperties_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, follow);
+    Connect(&model_, &QAbstractItemModel::modelReset, this, [this] {
         FitColumns();
         FollowSelection();
     });
-    connect(&model_, &QAbstractItemModel::rowsInserted, this, &PropertiesPane::WidenColumns);
-    connect(&model_, &QAbstractItemModel::dataChanged, this, &PropertiesPane::WidenColumns);
+    Connect(&model_, &QAbstractItemModel::rowsInserted, this, &PropertiesPane::WidenColumns);
+    Connect(&model_, &QAbstractItemModel::dataChanged, this, &PropertiesPane::WidenColumns);
     const auto* drag = new RowDrag(
         *lvProperties_,
         {.mayDrag = [this] { return list_.Tab() == PropertiesTab::Columns; },
          .starts = [this](QPoint way) { return list_.StartsDrag(way.x() * twips, way.y() * twips); }});
-    connect(drag, &RowDrag::Dropped, this, [this](int row, int target) {
+    Connect(drag, &RowDrag::Dropped, this, [this](int row, int target) {
         list_.MoveColumn(static_cast<std::size_t>(row), static_cast<std::size_t>(target));
     });
 }

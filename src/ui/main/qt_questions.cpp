@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/controls/connect.h"
 #include "ui/controls/help_window.h"
 #include "ui/dialogs/dialog.h"
 #include "ui/dialogs/form_dialog.h"
@@ -95,9 +96,9 @@ std::optional<std::string> QtQuestions::Ask(const host::InputBox& box) {
     ShowAsPlainText(dialog);
     if (box.helpContext != 0) {
         const auto show = [&] { ShowHelp(state_, &dialog, box.helpContext); };
-        QObject::connect(new QShortcut(Qt::Key_F1, &dialog), &QShortcut::activated, show);
+        Connect(new QShortcut(Qt::Key_F1, &dialog), &QShortcut::activated, &dialog, show);
         auto& buttons = *dialog.findChild<QDialogButtonBox*>();
-        QObject::connect(buttons.addButton(QDialogButtonBox::Help), &QPushButton::clicked, show);
+        Connect(buttons.addButton(QDialogButtonBox::Help), &QPushButton::clicked, &dialog, show);
     }
     if (dialog.exec() != QDialog::Accepted) return std::nullopt;
     return dialog.textValue().toStdString();

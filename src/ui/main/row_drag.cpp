@@ -6,6 +6,8 @@
 #include <QStyle>
 #include <utility>
 
+#include "ui/controls/connect.h"
+
 namespace tessel {
 
 namespace {
@@ -43,8 +45,8 @@ RowDrag::RowDrag(QTreeView& list, Rules rules)
     landing_->hide();
     target_->setObjectName("dropTarget");
     scrolling_.setInterval(scrollInterval);
-    connect(&scrolling_, &QTimer::timeout, this, &RowDrag::Scroll);
-    connect(list.model(), &QAbstractItemModel::modelAboutToBeReset, this, &RowDrag::Cancel);
+    Connect(&scrolling_, &QTimer::timeout, this, &RowDrag::Scroll);
+    Connect(list.model(), &QAbstractItemModel::modelAboutToBeReset, this, &RowDrag::Cancel);
     list.installEventFilter(this);
     list.viewport()->installEventFilter(this);
 }

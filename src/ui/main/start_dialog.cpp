@@ -11,6 +11,7 @@
 #include <array>
 #include <sstream>
 
+#include "ui/controls/connect.h"
 #include "ui/controls/image_list.h"
 #include "ui/controls/qt_settings.h"
 #include "ui/dialogs/dialog.h"
@@ -34,7 +35,6 @@ constexpr int projectText = 2789;
 constexpr const char* section = "Settings";
 constexpr const char* key = "RecentWorkspaces";
 constexpr std::size_t mostRecent = 10;
-constexpr const char* firstProject = "Main";
 constexpr int listWidth = 56;  // characters
 constexpr int listHeight = 8;  // lines
 constexpr int questionWidth = 360;
@@ -96,7 +96,7 @@ StartDialog::StartDialog(std::shared_ptr<const text::Texts> texts, StartOffers o
     for (const auto& folder : recent) lvRecent_->addItem(QString::fromStdString(folder));
     lvRecent_->setMinimumSize(listWidth * fontMetrics().averageCharWidth(),
                               listHeight * fontMetrics().height());
-    connect(lvRecent_, &QListWidget::itemActivated, this, [this] { OpenRecent(); });
+    Connect(lvRecent_, &QListWidget::itemActivated, this, [this] { OpenRecent(); });
 
     auto* label = new QLabel(Text(recentText));
     label->setBuddy(lvRecent_);
@@ -111,7 +111,7 @@ StartDialog::StartDialog(std::shared_ptr<const text::Texts> texts, StartOffers o
     const auto add = [&](const char* name, int text, const std::function<void()>& act) {
         QPushButton* button = buttons->addButton(Text(text), QDialogButtonBox::ActionRole);
         button->setObjectName(name);
-        connect(button, &QPushButton::clicked, this, act);
+        Connect(button, &QPushButton::clicked, this, act);
         return button;
     };
     QPushButton* open = add("cmdOpen", openText, [this] { OpenRecent(); });
@@ -120,9 +120,9 @@ StartDialog::StartDialog(std::shared_ptr<const text::Texts> texts, StartOffers o
     QPushButton* sample = add("cmdSample", sampleText, [this] { Take(offers_.sample); });
     QPushButton* cancel = buttons->addButton(Text(cancelText), QDialogButtonBox::RejectRole);
     cancel->setObjectName("cmdCancel");
-    connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    Connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 
-    connect(lvRecent_, &QListWidget::currentRowChanged, open,
+    Connect(lvRecent_, &QListWidget::currentRowChanged, open,
             [open](int current) { open->setEnabled(current >= 0); });
     lvRecent_->setCurrentRow(0);
     open->setEnabled(!recent.empty());

@@ -18,6 +18,9 @@ namespace tessel {
 // Puts the workspace in front.
 void RememberWorkspace(Settings& settings, const std::string& folder);
 
+// The project of a new workspace, where none is named.
+inline constexpr const char* firstProject = "Main";
+
 // What the user wants to open.
 struct StartChoice {
     std::string folder;                  // of the workspace

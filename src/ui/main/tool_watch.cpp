@@ -6,6 +6,7 @@
 #include <QVBoxLayout>
 #include <utility>
 
+#include "ui/controls/connect.h"
 #include "ui/dialogs/dialog.h"
 #include "ui/dialogs/fields.h"
 
@@ -70,8 +71,8 @@ ToolWatch::ToolWatch(ComponentState& state, QWidget& window, const QString& titl
     column->addStretch();
     column->addWidget(buttons);
     frmRunning_.resize(QSize(width, 0).expandedTo(frmRunning_.sizeHint()));
-    QObject::connect(buttons, &QDialogButtonBox::rejected, &frmRunning_, &QDialog::reject);
-    QObject::connect(&frmRunning_, &QDialog::rejected, [this] {
+    Connect(buttons, &QDialogButtonBox::rejected, &frmRunning_, &QDialog::reject);
+    Connect(&frmRunning_, &QDialog::rejected, &frmRunning_, [this] {
         pointer_.reset();
         isStopped_ = true;
     });

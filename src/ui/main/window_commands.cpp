@@ -5,6 +5,7 @@
 #include "platform/files/file_service.h"
 #include "schema/action.h"
 #include "schema/activity.h"
+#include "ui/controls/connect.h"
 #include "ui/controls/help_window.h"
 #include "ui/dialogs/about_box.h"
 #include "ui/dialogs/options_dialog.h"
@@ -34,7 +35,7 @@ void frmMain::ConnectCommands() {
     commands_.On({"mnuHelpTopics"}, [this] { ShowHelpFinder(state_, this); });
     commands_.On({"mnuHelpWindow"}, [this] { ShowHelp(state_, this, help_context::window); });
     commands_.On({"mnuHelpAbout"}, [this] { ShowAbout(state_, this); });
-    connect(&executeMenu_, &ExecuteMenu::Chosen, this, &frmMain::Execute);
+    Connect(&executeMenu_, &ExecuteMenu::Chosen, this, &frmMain::Execute);
 }
 
 // A label that is being edited gets its text before the verification reads it, not in the middle of it.

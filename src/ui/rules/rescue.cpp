@@ -9,6 +9,7 @@ namespace tessel {
 
 namespace {
 
+constexpr int replaceText = 2653;
 constexpr int titleText = 2800;
 constexpr int lostText = 2801;
 constexpr int fileText = 2802;
@@ -47,6 +48,9 @@ host::Form CopyForm(const ComponentState& state, const std::string& reason) {
 
 bool SaveCopy(ComponentState& state, const std::string& path) {
     try {
+        if (files::FileExists(path) &&
+            !IsConfirmed(state, state.texts->Format(replaceText, {path}), host::Icon::Exclamation))
+            return false;
         files::ReplaceFile(path, state.Database().Copy());
         return true;
     } catch (const Error& error) {

@@ -165,11 +165,34 @@ class Load {
     std::vector<std::pair<std::size_t, std::string>> written_;  // place in tables_, origin reference
 };
 
-void PutInPlace(const std::string& written, const std::string& path) {
-    std::error_code fault;
-    std::filesystem::rename(written, path, fault);
-    if (fault) files::ThrowWriteError("file", path, "made", fault.value());
-}
+// A database in the making, gone in the end unless it was put in its place.
+class NewDatabase {
+  public:
+    NewDatabase(const std::string& templateDatabase, std::string path) : path_(std::move(path)) {
+        Remove();  // what was left by a load that was cut off
+        files::CopyFile(templateDatabase, path_);
+    }
+    ~NewDatabase() { Remove(); }
+    NewDatabase(const NewDatabase&) = delete;
+    NewDatabase& operator=(const NewDatabase&) = delete;
+
+    [[nodiscard]] const std::string& Path() const { return path_; }
+
+    void PutInPlaceOf(const std::string& path) const {
+        std::error_code fault;
+        std::filesystem::rename(path_, path, fault);
+        if (fault) files::ThrowWriteError("file", path, "made", fault.value());
+    }
+
+  private:
+    void Remove() const {
+        std::error_code passedOver;
+        std::filesystem::remove(path_, passedOver);
+        std::filesystem::remove(path_ + "-journal", passedOver);
+    }
+
+    std::string path_;
+};
 
 LoadOutcome LoadInto(const std::string& path, const Source& source, const LoadTarget& target,
                      RepositoryContents& contents) {
@@ -186,12 +209,14 @@ LoadOutcome LoadRepository(const Source& source, const LoadTarget& target) {
     LoadOutcome outcome;
     target.file.Change([&](RepositoryContents& contents) {
         const std::string path = target.folder + "/DBSchema.mdb";
-        const bool isNew = !files::FileExists(path);
-        // A new database comes to its place only when it is whole.
-        const std::string written = isNew ? path + ".new" : path;
-        if (isNew) files::CopyFile(target.templateDatabase, written);
-        outcome = LoadInto(written, source, target, contents);
-        if (isNew) PutInPlace(written, path);
+        if (files::FileExists(path)) {
+            outcome = LoadInto(path, source, target, contents);
+            return;
+        }
+        // It comes to its place only when it is whole.
+        const NewDatabase made(target.templateDatabase, path + ".new");
+        outcome = LoadInto(made.Path(), source, target, contents);
+        made.PutInPlaceOf(path);
     });
     return outcome;
 }

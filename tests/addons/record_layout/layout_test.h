@@ -1,26 +1,10 @@
 #pragma once
 
+#include "addons/tool_host.h"
 #include "record_layout/record_layout.h"
 #include "support/schema_cases.h"
-#include "tessel/convert.h"
 
 namespace tessel::test {
-
-// The host as an add-on sees it.
-class ToolHost : public Object {
-  public:
-    explicit ToolHost(std::string folder) : folder_(std::move(folder)) {}
-    Value Call(std::string_view member, CallKind, Arguments& arguments) override {
-        if (member == "Language") return language;
-        if (member == "ErrorsFile") return folder_ + "/schema.errors";
-        EXPECT_EQ(ToInt32(arguments.at(0)), 4) << member;
-        return folder_;
-    }
-    std::string language = "en";
-
-  private:
-    std::string folder_;
-};
 
 // Runs the tool on a schema of its own.
 class LayoutTest : public SchemaTest {
@@ -46,7 +30,7 @@ class LayoutTest : public SchemaTest {
         return columns;
     }
 
-    std::shared_ptr<ToolHost> host = std::make_shared<ToolHost>(folder.Path());
+    std::shared_ptr<ToolHost> host = std::make_shared<ToolHost>(frontend->names);
 };
 
 }  // namespace tessel::test

@@ -1,18 +1,11 @@
 #include "layout_test.h"
 #include "platform/component/class_registry.h"
+#include "support/child_process.h"
 #include "tessel/error.h"
 
 namespace tessel::test {
 
 namespace {
-
-using Pairs = std::vector<std::pair<std::string, Value>>;
-
-FilledForm Filled(const Pairs& pairs) {
-    auto values = std::make_shared<Collection>();
-    for (const auto& [key, value] : pairs) values->Add(value, key);
-    return {values};
-}
 
 constexpr const char* twoRecords =
     "       01 FIRST-ONE.\n           05 A PIC X.\n"
@@ -56,6 +49,23 @@ TEST_F(LayoutTest, LeavesTheSchemaAloneUntilItIsConfirmed) {
     EXPECT_TRUE(files::FileExists(folder / "schema.errors"));
     RunOn("       01 OTHER.\n           05 B PIC X.\n");
     EXPECT_FALSE(files::FileExists(folder / "schema.errors"));  // nothing to complain of any more
+}
+
+TEST_F(LayoutTest, AFullDiskLeavesTheOldListAndTheSchema) {
+    Write(folder / "two.cpy", twoRecords);
+    Write(folder / "schema.errors", "old");
+    const auto names = folder.Names();
+    EXPECT_TRUE(HoldsInChild([&] {
+        FillDisk(10);
+        try {
+            return Run("preview=no;record=other;file=" + folder / "two.cpy").empty();
+        } catch (const Error& error) {
+            return error.what() == folder / "schema.errors cannot be written: File too large.";
+        }
+    }));
+    EXPECT_EQ(Content(folder / "schema.errors"), "old");
+    EXPECT_EQ(folder.Names(), names);
+    EXPECT_EQ(Rows("select * from Tables"), std::vector<std::string>{});
 }
 
 TEST_F(LayoutTest, RefusesParametersThatItDoesNotKnow) {

@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 
 #include "script_test.h"
+#include "support/child_process.h"
 
 namespace tessel::test {
 namespace {
@@ -18,11 +19,6 @@ class ScriptRun : public ScriptTest {
     std::string Message() {
         const auto asked = questions->TakeAsked();
         return asked.empty() ? "" : asked.back().text;
-    }
-    static FilledForm Filled(std::initializer_list<std::pair<const char*, Value>> values) {
-        auto filled = std::make_shared<Collection>();
-        for (const auto& [key, value] : values) filled->Add(value, key);
-        return {filled};
     }
 };
 
@@ -103,7 +99,23 @@ TEST_F(ScriptRun, ReplacesAFileByAWholeOneOrLeavesIt) {
               folder / "folder.sql cannot be written: Is a directory.");
     EXPECT_EQ(Failure("dialect=sqlite;file=" + folder / "none/none/out.sql"),
               folder / "none/none/out.sql cannot be written: No such file or directory.");
-    for (const auto& name : folder.Names()) EXPECT_FALSE(name.ends_with(".new")) << name;
+    mkfifo((folder / "pipe.sql").c_str(), 0666);
+    EXPECT_EQ(Failure("dialect=sqlite;file=" + folder / "pipe.sql"),
+              folder / "pipe.sql cannot be written: Invalid argument.");
+    for (const auto& name : folder.Names()) EXPECT_EQ(name.find(".new"), std::string::npos) << name;
+}
+
+TEST_F(ScriptRun, AFullDiskLeavesTheOldScriptAndIsSaid) {
+    MakeBook();
+    Write(folder / "out.sql", "old");
+    const auto names = folder.Names();
+    EXPECT_TRUE(HoldsInChild([&] {
+        FillDisk(50);
+        return Failure("dialect=sqlite;file=" + folder / "out.sql") ==
+               folder / "out.sql" + " cannot be written: File too large.";
+    }));
+    EXPECT_EQ(Content(folder / "out.sql"), "old");
+    EXPECT_EQ(folder.Names(), names);
 }
 
 TEST_F(ScriptRun, TakesTheWorkspacesOwnTableOfTypes) {

@@ -1,24 +1,10 @@
 #pragma once
 
+#include "addons/tool_host.h"
 #include "sql_script/sql_script.h"
 #include "support/schema_cases.h"
 
 namespace tessel::test {
-
-// The host as an add-on sees it.
-class ToolHost : public Object {
-  public:
-    explicit ToolHost(std::map<int, std::string> names) : names_(std::move(names)) {}
-    Value Call(std::string_view member, CallKind, Arguments& arguments) override {
-        if (member == "Language") return language;
-        if (member == "ErrorsFile") return names_.at(4) + "/schema.errors";
-        return names_.at(ToInt32(arguments.at(0)));
-    }
-    std::string language = "en";
-
-  private:
-    std::map<int, std::string> names_;
-};
 
 // Runs the tool on a schema of its own.
 class ScriptTest : public SchemaCase {

@@ -4,13 +4,12 @@
 
 #include "platform/db/temporary_database.h"
 #include "support/child_process.h"
+#include "support/raw_sql.h"
 
 namespace tessel::db {
 namespace {
 
 using std::filesystem::path;
-
-void Write(const path& file, const std::string& content) { std::ofstream(file, std::ios::binary) << content; }
 
 class OpenTest : public TemporaryDatabase {
   protected:
@@ -46,16 +45,16 @@ TEST_F(OpenTest, Refusals) {
         {ErrorKind::Damaged, [&](const path& file) { Write(file, good + "x"); }},
         {ErrorKind::Damaged,
          [&](const path& file) { Write(file, std::string(good).replace(4096 * 2, 4096, 4096, 'x')); }},
-        {ErrorKind::Foreign, [](const path& file) { Prepare(file, "pragma application_id=7"); }},
+        {ErrorKind::Foreign, [](const path& file) { test::RunRawSql(file, "pragma application_id=7"); }},
         {ErrorKind::Foreign,
          [](const path& file) {
              std::filesystem::remove(file);
-             Prepare(file, "pragma journal_mode=wal; create table Tables (x)");
+             test::RunRawSql(file, "pragma journal_mode=wal; create table Tables (x)");
          }},
-        {ErrorKind::Foreign, [](const path& file) { Prepare(file, "drop table Errors"); }},
-        {ErrorKind::Foreign, [](const path& file) { Prepare(file, "drop index TableIDColName"); }},
+        {ErrorKind::Foreign, [](const path& file) { test::RunRawSql(file, "drop table Errors"); }},
+        {ErrorKind::Foreign, [](const path& file) { test::RunRawSql(file, "drop index TableIDColName"); }},
         {ErrorKind::Newer,
-         [](const path& file) { Prepare(file, "pragma user_version=2; drop table Errors"); }},
+         [](const path& file) { test::RunRawSql(file, "pragma user_version=2; drop table Errors"); }},
     };
     for (const Case& refused : cases) {
         std::filesystem::remove_all(path_);
@@ -74,7 +73,7 @@ TEST_F(OpenTest, Refusals) {
 }
 
 TEST_F(OpenTest, TheFieldForOriginsMayBeMissing) {
-    Prepare(path_, "alter table Tables drop column CVRL; alter table Columns drop column CVRL");
+    test::RunRawSql(path_, "alter table Tables drop column CVRL; alter table Columns drop column CVRL");
     EXPECT_EQ(Count(*Open(), "SQLTypes"), 19);
 }
 

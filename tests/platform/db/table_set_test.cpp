@@ -1,6 +1,7 @@
 #include "platform/db/table_set.h"
 
 #include "platform/db/temporary_database.h"
+#include "support/raw_sql.h"
 
 namespace tessel::db {
 namespace {
@@ -46,7 +47,7 @@ TEST_F(TableSetTest, IdentifierIsKnownBeforeSavingAndNeverComesTwice) {
     }
     EXPECT_EQ(Add(*database_, "E"), 7) << "6 was handed out, though the transaction was undone";
     EXPECT_EQ(Count(*other, "Tables"), 2);
-    Prepare(path_, "delete from sqlite_sequence");
+    test::RunRawSql(path_, "delete from sqlite_sequence");
     EXPECT_EQ(KindThrown([&] { first.AddNew(); }), ErrorKind::Damaged);
 }
 

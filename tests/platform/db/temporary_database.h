@@ -3,9 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 
 #include "platform/db/database.h"
@@ -23,17 +21,6 @@ class TemporaryDatabase : public testing::Test {
 
     [[nodiscard]] std::shared_ptr<Database> Open() const {
         return Database::Open(path_.string(), std::chrono::milliseconds(20));
-    }
-
-    // Runs SQL of any kind on a file, which is made where it is not there.
-    static void Prepare(const std::filesystem::path& file, const std::string& sql) {
-        ASSERT_EQ(std::system(("sqlite3 '" + file.string() + "' \"" + sql + "\" > /dev/null").c_str()), 0);
-    }
-
-    static std::string Content(const std::filesystem::path& file) {
-        std::ostringstream text;
-        text << std::ifstream(file, std::ios::binary).rdbuf();
-        return text.str();
     }
 
     TemporaryFolder folder_;

@@ -88,7 +88,13 @@ TEST_F(TransactionTest, LostInTheMiddleKeepsNothing) {
             Transaction inner(*database);
             EXPECT_THROW(Insert(*database, std::string(5'000'000, 'x')), DatabaseError);
         }
-        EXPECT_THROW(Insert(*database, "after"), DatabaseError) << "it would be kept alone";
+        try {
+            Insert(*database, "after");
+            ADD_FAILURE() << "it would be kept alone";
+        } catch (const DatabaseError& error) {
+            EXPECT_NE(std::string(error.what()).find("after an earlier failure ("), std::string::npos)
+                << error.what();
+        }
         EXPECT_THROW(Transaction{*database}, DatabaseError);
         EXPECT_THROW(outer.Commit(), DatabaseError);
         EXPECT_EQ(Count(*database, "ProjectSettings"), 0);
@@ -96,6 +102,37 @@ TEST_F(TransactionTest, LostInTheMiddleKeepsNothing) {
     Transaction next(*database);
     Insert(*database, "next");
     next.Commit();
+    EXPECT_EQ(Count(*Open(), "ProjectSettings"), 1);
+}
+
+TEST_F(TransactionTest, NothingComesIntoTheMiddleOfAStatement) {
+    const auto database = Open();
+    for (int i = 0; i < 60; ++i)
+        database->Execute("insert into Errors(TblID,KeyID,ColumnID,Message) values(0,0,0,'m')");
+    int refused = 0;
+    const auto step = [&](const std::function<void()>& action) {
+        try {
+            action();
+        } catch (const DatabaseError& error) {
+            if (error.Kind() == ErrorKind::Busy) ++refused;
+        }
+    };
+    int asked = 0;
+    const Interruptible interruptible(*database, [&] {
+        ++asked;
+        step([&] { Insert(*database, "in between"); });
+        step([&] { (void)Count(*database, "Errors"); });
+        step([&] { const Transaction transaction(*database); });
+        return true;
+    });
+    Transaction transaction(*database);
+    Insert(*database, "before");
+    auto row = database->Select("select count(*) as N from Errors a, Errors b, Errors c");
+    ASSERT_TRUE(row.Next());
+    EXPECT_EQ(row.Integer("N"), 60 * 60 * 60);
+    transaction.Commit();
+    EXPECT_GT(asked, 0);
+    EXPECT_EQ(refused, 3 * asked);
     EXPECT_EQ(Count(*Open(), "ProjectSettings"), 1);
 }
 

@@ -297,8 +297,27 @@ TEST(Content, OnlyLinksOfMovedBoxesAreDrawnAnew) {
     content.Route();
     ExpectDrawn(content.Drawing());
     content.RemoveBox("t1");
-    ASSERT_EQ(links.size(), 1U);
+    ASSERT_EQ(content.Drawing().links.size(), 1U);
     EXPECT_EQ(content.FindLink("k2"), &links[0]);
+}
+
+TEST(Content, WhatIsRemovedIsGoneAtOnce) {
+    Content content;
+    for (const char* key : {"t1", "t2", "t3"}) content.AddBox(key, key, {0, 10});
+    content.AddLink({"k1", "first", "t1", "t2"});
+    content.AddLink({"k2", "second", "t2", "t3"});
+    content.RemoveBox("t1");
+    EXPECT_FALSE(content.FindBox("t1") || content.FindLink("k1"));
+    content.RemoveLink("k2");
+    content.AddBox("t1", "back", {0, 10});
+    content.AddLink({"k2", "back", "t3", "t1"});
+    const auto& [boxes, links] = content.Drawing();
+    ASSERT_EQ(boxes.size() * 10 + links.size(), 31U);
+    EXPECT_EQ(content.FindBox("t3"), &boxes[1]);
+    EXPECT_EQ(content.FindBox("t1"), &boxes[2]);
+    EXPECT_EQ(content.FindLink("k2"), &links[0]);
+    EXPECT_EQ(links[0].caption, "back");
+    EXPECT_EQ(content.Outlines().size(), 3U);
 }
 
 TEST(Svg, ShowsTextAsItIs) {

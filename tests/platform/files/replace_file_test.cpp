@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
@@ -91,16 +92,56 @@ TEST(PlaceNewFile, CopiesOnlyToWhereNothingIs) {
     EXPECT_EQ(folder.Names(), (std::set<std::string>{"file", "folder", "new", "other"}));
 }
 
-TEST(ReplaceFile, RemovesWhatKilledProgramsLeftLongAgo) {
+// The number of a process that lives no longer.
+std::string EndedProcess() {
+    const auto child = fork();
+    if (child == 0) _exit(0);
+    waitpid(child, nullptr, 0);
+    return std::to_string(child);
+}
+
+TEST(LeftBehind, GoesWhenItsProgramIsGoneAndNothingElseDoes) {
     const TemporaryFolder folder;
+    const std::string gone = EndedProcess();
+    const std::string alive = std::to_string(getppid());
+    const std::string user = folder / "user";
+    CreateFolder(user);
+    Write(user + "/file", "x");
     const auto longAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(25);
-    for (const auto* name : {".tessel-1-0", "old"}) {
-        Write((folder / name), "x");
-        std::filesystem::last_write_time((folder / name), longAgo);
+    std::set<std::string> kept{"user", ".tessel-link", ".tessel-deleted-" + gone + "-1"};
+    for (const std::string& name :
+         {"-" + gone, "-" + gone + "-", "-" + gone + "-0x", std::string("-0-0"), std::string("--1-0"),
+          std::string("-notes"), std::string("-99999999999-0"), "-" + alive + "-0"}) {
+        Write(folder / (".tessel" + name), "x");
+        std::filesystem::last_write_time(folder / (".tessel" + name), longAgo);
+        CreateFolder(folder / (".tessel-deleted" + name));
+        kept.insert({".tessel" + name, ".tessel-deleted" + name});
     }
-    Write((folder / ".tessel-2-0"), "x");
-    ReplaceFile((folder / "file"), "new");
-    EXPECT_EQ(folder.Names(), (std::set<std::string>{".tessel-2-0", "file", "old"}));
+    Write(folder / (".tessel-" + gone + "-1"), "of another machine's program, for all we know");
+    kept.insert(".tessel-" + gone + "-1");
+    std::filesystem::create_directory_symlink("user", folder / ".tessel-link");
+    std::filesystem::create_directory_symlink("user", folder / (".tessel-deleted-" + gone + "-1"));
+
+    for (const auto& action : std::vector<std::function<void()>>{[&] { ReplaceFile(folder / "new", ""); },
+                                                                 [&] { CreateFolder(folder / "new"); },
+                                                                 [&] { DeleteFolder(folder / "none"); }}) {
+        Write(folder / (".tessel-" + gone + "-0"), "x");
+        std::filesystem::last_write_time(folder / (".tessel-" + gone + "-0"), longAgo);
+        std::filesystem::create_directories(folder / (".tessel-deleted-" + gone + "-0/inner"));
+        action();
+        std::filesystem::remove(folder / "new");
+        EXPECT_EQ(folder.Names(), kept);
+    }
+    EXPECT_EQ(Content(user + "/file"), "x");
+}
+
+TEST(DeleteFolder, TakesAFreeNameForWhatItDeletes) {
+    const TemporaryFolder folder;
+    const std::string taken = ".tessel-deleted-" + std::to_string(getpid()) + "-0";
+    std::filesystem::create_directories(folder / (taken + "/inner"));
+    std::filesystem::create_directories(folder / "schema/inner");
+    DeleteFolder(folder / "schema");
+    EXPECT_EQ(folder.Names(), std::set<std::string>{taken});
 }
 
 TEST(ReplaceFile, AFullDiskLeavesTheOldFileAlone) {

@@ -3,13 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
-#include <QAction>
 #include <QApplication>
 #include <QHelpEvent>
-#include <QKeyEvent>
 #include <QLineEdit>
 #include <QMouseEvent>
-#include <QPainter>
+#include <QTest>
 #include <QToolTip>
 #include <QWheelEvent>
 
@@ -38,7 +36,6 @@ class DiagramTest : public testing::Test {
             note("key " + name(key) + " " + name(int(modifiers)));
         });
         QObject::connect(&diagram, &D::MousePressed, [=](auto button) { note("pressed " + name(button)); });
-        QObject::connect(&diagram, &D::ButtonClicked, [=](const auto& key) { note("button " + key); });
         QObject::connect(&diagram, &D::QuickSearchChanged,
                          [=](bool on) { note(on ? "search" : "no search"); });
         QObject::connect(&diagram, &D::Changed, [this] { ++changes; });
@@ -73,15 +70,7 @@ class DiagramTest : public testing::Test {
         Mouse(QEvent::MouseMove, to);
         Mouse(QEvent::MouseButtonRelease, to);
     }
-    void Press(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
-        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(type, key, modifiers, text);
-            QApplication::sendEvent(&widget, &event);
-        }
-    }
-    void Press(int key, Qt::KeyboardModifiers modifiers = {}, const QString& text = {}) {
-        Press(view, key, modifiers, text);
-    }
+    void Press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) { QTest::keyClick(&view, key, modifiers); }
 
     [[nodiscard]] QPoint Middle(const std::string& box) const { return diagram.SeenAt(box).center(); }
     [[nodiscard]] QPoint OnLink(std::size_t index) const {
@@ -104,26 +93,6 @@ class DiagramTest : public testing::Test {
 };
 
 using Strings = std::vector<std::string>;
-
-TEST_F(DiagramTest, OffersItsBoxesAndLinks) {
-    EXPECT_EQ(changes, 1);
-    diagram.SetBoxCaption("t1", "COUNTRIES");
-    diagram.SetBoxWidth("t1", 18);
-    diagram.AddBox("t1", "AGAIN", {5, 5});
-    diagram.AddLink("k9", "t1", "t77", "to nowhere");
-    diagram.RemoveBox("t3");
-    const QVariantList boxes = diagram.property("boxes").toList();
-    ASSERT_EQ(boxes.size(), 2);
-    const QVariantMap expected{{"key", "t1"}, {"caption", "COUNTRIES"}, {"comment", ""}, {"x", 0.0},
-                               {"y", 10.0},   {"width", 18.0},          {"height", 8.0}};
-    EXPECT_EQ(boxes[0].toMap(), expected);
-    const QVariantList links = diagram.property("links").toList();
-    ASSERT_EQ(links.size(), 1);
-    EXPECT_EQ(links[0].toMap(),
-              (QVariantMap{{"key", "k1"}, {"caption", "FK_CITY"}, {"from", "t2"}, {"to", "t1"}}));
-    diagram.setProperty("zoom", 5000);
-    EXPECT_EQ(diagram.property("zoom").toInt(), 1000);
-}
 
 TEST_F(DiagramTest, AToolTipTakesNothingForMarkup) {
     diagram.SetBoxCaption("t1", "<b>A</b>");
@@ -157,7 +126,7 @@ TEST_F(DiagramTest, TheMouseSelectsAndSaysWhatItHit) {
 
 TEST_F(DiagramTest, BoxesAreDraggedWithTheirLinks) {
     const auto before = diagram.Drawing();
-    changes = 0;
+    EXPECT_EQ(std::exchange(changes, 0), 1) << "drawn once when it was filled";
     Drag(Middle("t3"), Middle("t3") + QPoint(83, 41));
     const auto& after = diagram.Drawing();
     EXPECT_EQ(after.boxes[2].rect.x, 80) << "in steps of the grid";
@@ -175,16 +144,6 @@ TEST_F(DiagramTest, BoxesAreDraggedWithTheirLinks) {
     diagram.SetCurrentBox("t1");
     Press(Qt::Key_Down, Qt::ShiftModifier);
     EXPECT_EQ(after.boxes[0].rect.y, before.boxes[0].rect.y + 2);
-
-    Drag(Middle("t3"), Middle("t2") + QPoint(0, 160));
-    Drag(Middle("t1"), Middle("t2") + QPoint(0, 320));
-    const auto& line = after.links[0].points;
-    for (std::size_t i = 1; i < line.size(); ++i) {
-        const auto piece = diagram::Bounds({line[i - 1], line[i]});
-        EXPECT_FALSE(
-            Overlap({piece.x, piece.y, piece.width + 0.1, piece.height + 0.1}, Outline(after.boxes[2])))
-            << "the line goes around the box between";
-    }
 }
 
 TEST_F(DiagramTest, BoxesAreConnectedByHandleOrKeys) {
@@ -197,19 +156,17 @@ TEST_F(DiagramTest, BoxesAreConnectedByHandleOrKeys) {
     EXPECT_EQ(Events(), (Strings{"pressed 1"}));
 
     diagram.SetCurrentBox("t1");
-    for (const int key : {Qt::Key_K, Qt::Key_Right, Qt::Key_Down, Qt::Key_Return})
-        Press(key, key == Qt::Key_K ? Qt::ControlModifier : Qt::NoModifier);
+    Press(Qt::Key_K, Qt::ControlModifier);
+    for (const auto key : {Qt::Key_Right, Qt::Key_Down, Qt::Key_Return}) Press(key);
     EXPECT_EQ(Events(), (Strings{"connected t1 t3"}));
     EXPECT_EQ(diagram.CurrentBox(), "t1");
-    for (const int key : {Qt::Key_K, Qt::Key_Right, Qt::Key_Escape, Qt::Key_Return})
-        Press(key, key == Qt::Key_K ? Qt::ControlModifier : Qt::NoModifier);
+    Press(Qt::Key_K, Qt::ControlModifier);
+    for (const auto key : {Qt::Key_Right, Qt::Key_Escape, Qt::Key_Return}) Press(key);
     EXPECT_EQ(Events(), (Strings{"double t1"}));
 }
 
 TEST_F(DiagramTest, KeysReachEverything) {
-    Press(Qt::Key_Right);
-    Press(Qt::Key_Right);
-    Press(Qt::Key_Down);
+    for (const auto key : {Qt::Key_Right, Qt::Key_Right, Qt::Key_Down}) Press(key);
     EXPECT_EQ(Events(), (Strings{"box t1 1", "box t2 1", "box t3 1"}));
     EXPECT_EQ(diagram.PopupPlace(), view.viewport()->mapToGlobal(Middle("t3")));
     Press(Qt::Key_Up);
@@ -245,6 +202,8 @@ TEST_F(DiagramTest, ZoomsAroundWhatIsSeen) {
     EXPECT_EQ(diagram.Zoom(), 92);
     Press(Qt::Key_0, Qt::ControlModifier);
     EXPECT_EQ(diagram.Zoom(), 100);
+    diagram.SetZoom(5000);
+    EXPECT_EQ(diagram.Zoom(), 1000);
     diagram.AddBox("t4", "FAR", {900, 600});
     Press(Qt::Key_9, Qt::ControlModifier);
     for (const auto* box : {"t1", "t4"})
@@ -256,23 +215,23 @@ TEST_F(DiagramTest, ZoomsAroundWhatIsSeen) {
 }
 
 TEST_F(DiagramTest, QuickSearchWalksWhatItFinds) {
-    Press(Qt::Key_C, {}, "c");
+    Press(Qt::Key_C);
     EXPECT_EQ(Events(), Strings{}) << "not while it is off";
     diagram.SetQuickSearch(true);
     view.setFocus();
-    Press(Qt::Key_C, {}, "c");
+    Press(Qt::Key_C);
     auto& field = *diagram.findChild<QLineEdit*>("txtFind");
     EXPECT_EQ(field.text(), "c");
     EXPECT_EQ(view.Marks().found.size(), 3U) << "one of them by its comment";
-    Press(field, Qt::Key_I, {}, "i");
+    QTest::keyClick(&field, Qt::Key_I);
     EXPECT_EQ(view.Marks().found, (std::set<std::string>{"t2", "t3"}));
-    Press(field, Qt::Key_Return);
-    Press(view, Qt::Key_F3);
-    Press(view, Qt::Key_F3, Qt::ShiftModifier);
+    QTest::keyClick(&field, Qt::Key_Return);
+    Press(Qt::Key_F3);
+    Press(Qt::Key_F3, Qt::ShiftModifier);
     EXPECT_EQ(Events(), (Strings{"search", "box t1 1", "box t2 1", "box t3 1", "box t2 1", "box t3 1"}));
     diagram.RemoveBox("t3");
     EXPECT_EQ(view.Marks().found, (std::set<std::string>{"t2"}));
-    Press(field, Qt::Key_Escape);
+    QTest::keyClick(&field, Qt::Key_Escape);
     EXPECT_FALSE(diagram.property("quickSearch").toBool());
     EXPECT_TRUE(view.Marks().found.empty());
 }
@@ -298,16 +257,6 @@ TEST_F(DiagramTest, TheFileBringsBackWhatWasSeen) {
     other.Clear();
     EXPECT_TRUE(other.LoadFile(file));
     EXPECT_EQ(other.Zoom(), 100) << "only the first load does";
-}
-
-TEST_F(DiagramTest, ButtonsAreRenewedUnderTheirKey) {
-    diagram.AddButton("Place", {}, "Arrange");
-    diagram.AddButton("Place", {}, "Auto Place");
-    ASSERT_EQ(diagram.findChildren<QAction*>("dgPlace").size(), 1);
-    auto& action = *diagram.findChild<QAction*>("dgPlace");
-    EXPECT_EQ(action.toolTip(), "Auto Place");
-    action.trigger();
-    EXPECT_EQ(Events(), (Strings{"button Place"}));
 }
 
 TEST_F(DiagramTest, PicturesAreLightAndShowAll) {

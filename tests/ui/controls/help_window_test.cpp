@@ -35,17 +35,13 @@ class HelpWindowTest : public SchemaTest {
 };
 
 TEST_F(HelpWindowTest, OpensThePageOfTheContextInOneWindow) {
-    const struct {
-        int context;
-        std::string heading;
-    } cases[] = {{help_context::columnDialog, "Column properties"},
-                 {help_context::renameTable, "Names"},
-                 {12345, "Contents"}};
-    for (const auto& [context, heading] : cases) {
+    for (const auto& [context, heading] : {std::pair(help_context::columnDialog, "Column properties"),
+                                           {help_context::renameTable, "Names"},
+                                           {12345, "Contents"}}) {
         ShowHelp(state, &owner, context);
         EXPECT_EQ(owner.findChildren<QDialog*>("frmHelp").size(), 1);
         EXPECT_EQ(Heading(Help(owner)), heading);
-        EXPECT_EQ(In<QListWidget>(Help(owner), "lvHelpTopics").currentItem()->text().toStdString(), heading);
+        EXPECT_EQ(In<QListWidget>(Help(owner), "lvHelpTopics").currentItem()->text(), heading);
     }
     EXPECT_EQ(Help(owner).windowTitle(), "Tessel Help");
     owner.hide();

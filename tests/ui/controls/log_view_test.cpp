@@ -1,7 +1,6 @@
 #include "ui/controls/log_view.h"
 
 #include <QClipboard>
-#include <QKeyEvent>
 #include <QMenu>
 #include <QScrollBar>
 
@@ -26,12 +25,6 @@ class LogViewTest : public WindowTest {
     [[nodiscard]] std::pair<int, int> Seen() const {
         const QRect area = view.viewport()->rect();
         return {view.indexAt(area.topLeft()).row(), view.indexAt(area.bottomLeft()).row()};
-    }
-    void Press(int key, Qt::KeyboardModifiers modifiers = {}) {
-        for (const auto type : {QEvent::KeyPress, QEvent::KeyRelease}) {
-            QKeyEvent event(type, key, modifiers);
-            QApplication::sendEvent(&view, &event);
-        }
     }
     void Choose(const char* item) {
         emit view.PopupWanted(QPoint());
@@ -68,11 +61,10 @@ TEST_F(LogViewTest, CopiesTheSelectedLinesInTheirOrder) {
     log.activities = {{*ParseIso("2026-01-31T10:00:00"), "Drop table A", "Done"}};
     log.Write("Import", "");
     log.Write("Verify", "Done");
-    view.selectionModel()->select(view.model()->index(1, 0),
-                                  QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    view.selectionModel()->select(view.model()->index(0, 0),
-                                  QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    Press(Qt::Key_C, Qt::ControlModifier);
+    for (const int row : {1, 0})
+        view.selectionModel()->select(view.model()->index(row, 0),
+                                      QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    Press(view, Qt::Key_C, Qt::ControlModifier);
     const QString time = view.model()->index(0, 0).data().toString();
     EXPECT_TRUE(time.contains("26")) << time.toStdString();
     const QStringList lines = QApplication::clipboard()->text().split('\n');
@@ -92,7 +84,7 @@ TEST_F(LogViewTest, ItsMenuAndKeysChangeTheLogsStateAndAskForHelp) {
     EXPECT_FALSE(log.visible);
     int helps = 0;
     QObject::connect(&view, &LogView::HelpWanted, [&] { ++helps; });
-    Press(Qt::Key_F1);
+    Press(view, Qt::Key_F1);
     EXPECT_EQ(helps, 1);
 }
 

@@ -68,27 +68,6 @@ TEST(PaneLayoutTest, RefusesEveryOtherText) {
         }
 }
 
-TEST(PaneLayoutTest, MovesPanes) {
-    struct Case {
-        const char* name;
-        PaneEdge edge;
-        std::optional<std::string_view> target;
-        const char* text;
-    };
-    for (const Case& move : {
-             Case{"A", PaneEdge::Left, "B", R"(1:v(0.75,h(0.25,A+"A",B+"B"),C-"C"))"},
-             Case{"A", PaneEdge::Right, "B", R"(1:v(0.75,h(0.75,B+"B",A+"A"),C-"C"))"},
-             Case{"C", PaneEdge::Above, "B", R"(1:h(0.5,A+"A",v(0.25,C-"C",B+"B")))"},
-             Case{"B", PaneEdge::Below, std::nullopt, R"(1:v(0.75,v(0.75,A+"A",C-"C"),B+"B"))"},
-             Case{"A", PaneEdge::Left, "A", R"(1:v(0.75,h(0.5,A+"A",B+"B"),C-"C"))"},
-         }) {
-        PaneLayout layout = Layout();
-        layout.Dock(move.name, move.edge, move.target, 0.25);
-        EXPECT_EQ(layout.Export(), move.text);
-        for (const std::string& name : layout.Order()) EXPECT_TRUE(layout.Holder(name)) << name;
-    }
-}
-
 // A host of 1000 by 600 with the six panes, of which Browser and Properties are visible.
 class SplitterTest : public testing::Test {
   protected:
@@ -188,20 +167,18 @@ TEST_F(SplitterTest, ImportsWhatWasExported) {
     Choose("mnuPaneMaximise");
     const QString stored = host.ExportLayout();
     Choose("mnuPaneMaximise");
-    for (const QString& name : names) host.SetPaneVisible(name, true);
-    Choose("mnuPaneSwapWithLog");
+    Choose("mnuPaneSwapWithProperties");
     host.SetCaption("Errors", "");
-    EXPECT_NE(host.ExportLayout(), stored);
+    const QString other = host.ExportLayout();
     changes = 0;
     EXPECT_FALSE(host.ImportLayout(stored.chopped(1)));
-    EXPECT_EQ(changes, 0);
+    EXPECT_EQ(host.ExportLayout(), other);
     EXPECT_TRUE(host.ImportLayout(stored));
     EXPECT_EQ(changes, 1);
     EXPECT_EQ(host.ExportLayout(), stored);
     EXPECT_EQ(host.Caption("Errors"), "3 \"errors\"");
     EXPECT_EQ(host.PaneRectangle("Browser"), host.rect());
-    EXPECT_TRUE(host.IsPaneVisible("Properties"));
-    EXPECT_TRUE(host.PaneRectangle("Properties").isNull());
+    EXPECT_TRUE(host.IsPaneVisible("Properties") && host.PaneRectangle("Properties").isNull());
     EXPECT_TRUE(controls["Browser"]->hasFocus());
 }
 

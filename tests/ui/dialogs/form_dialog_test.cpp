@@ -97,6 +97,7 @@ TEST_F(FormDialogTest, WhatIsNotTouchedKeepsItsValueAndWhatIsTypedIsGiven) {
 TEST_F(FormDialogTest, FilesAreChosenFromTheWorkspaceOn) {
     const std::string input = folder / "in.cpy";
     Write(input, "");
+    Write(folder / "new.sql", "");  // it is not the form that asks before a file is replaced
     const QString start = QString::fromStdString(folder.Path()) + '/';
     const auto fill = [&] {
         Browse("f_browse", start + "in.cpy", start + "in.cpy");

@@ -18,37 +18,34 @@ class FrmCreateKeyTest : public DialogTest {
 };
 
 TEST_F(FrmCreateKeyTest, MakesTheKey) {
-    EXPECT_EQ(InputKey(-1,
-                       [this] {
-                           EXPECT_EQ(Dialog().windowTitle(), "Create foreign key for Child");
-                           EXPECT_EQ(In<QComboBox>("cmbTables").currentText(), "Child");
-                           EXPECT_EQ(Focus(), "txtKeyName");
-                           EXPECT_EQ(Enabled("cmdOK"), "");
-                           Type("txtKeyName", "1FK-A");
-                           EXPECT_EQ(TextOf("txtKeyName"), "FK_A");
-                           Press("txtKeyName", Qt::Key_Home);
-                           Type("txtKeyName", "A!B");
-                           EXPECT_EQ(TextOf("txtKeyName"), "ABFK_A");
-                           EXPECT_EQ(In<QLineEdit>("txtKeyName").cursorPosition(), 2);
-                           Type("cmbTables", "p");
-                           Press("txtKeyName", Qt::Key_Return);
-                       }),
-              2);
+    const auto act = [this] {
+        EXPECT_EQ(Dialog().windowTitle(), "Create foreign key for Child");
+        EXPECT_EQ(In<QComboBox>("cmbTables").currentText(), "Child");
+        EXPECT_EQ(Focus(), "txtKeyName");
+        EXPECT_EQ(Enabled("cmdOK"), "");
+        Type("txtKeyName", "1FK-A");
+        Press("txtKeyName", Qt::Key_Home);
+        Type("txtKeyName", "A!B");
+        EXPECT_EQ(TextOf("txtKeyName"), "ABFK_A");
+        EXPECT_EQ(In<QLineEdit>("txtKeyName").cursorPosition(), 2);
+        Type("cmbTables", "p");
+        Press("txtKeyName", Qt::Key_Return);
+    };
+    EXPECT_EQ(InputKey(-1, act), 2);
     EXPECT_EQ(Rows("select TabID, RefTabId, KeyName from ForeignKeys where KeyID=2"), Strings{"1|2|ABFK_A"});
 }
 
 TEST_F(FrmCreateKeyTest, StaysOpenUntilAKeyCanBeMade) {
     Break("insert on ForeignKeys");
-    EXPECT_EQ(InputKey(99,
-                       [this] {
-                           Type("txtKeyName", "FK");
-                           EXPECT_EQ(Enabled("cmdOK"), "");
-                           Type("cmbTables", "c");
-                           EXPECT_EQ(Enabled("cmdOK"), "cmdOK");
-                           Click("cmdOK");
-                           EXPECT_TRUE(Dialog().isVisible());
-                       }),
-              -1);
+    const auto act = [this] {
+        Type("txtKeyName", "FK");
+        EXPECT_EQ(Enabled("cmdOK"), "") << "no table is selected";
+        Type("cmbTables", "c");
+        EXPECT_EQ(Enabled("cmdOK"), "cmdOK");
+        Click("cmdOK");
+        EXPECT_TRUE(Dialog().isVisible());
+    };
+    EXPECT_EQ(InputKey(99, act), -1);
     EXPECT_EQ(Told(), Strings{"c Cannot create foreign key"});
 }
 

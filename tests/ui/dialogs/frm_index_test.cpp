@@ -35,9 +35,7 @@ class FrmIndexTest : public DialogTest {
 TEST_F(FrmIndexTest, IsFilledByKeyboard) {
     EXPECT_TRUE(Edit([this] {
         EXPECT_EQ(Dialog().windowTitle(), "Index Ix - Child");
-        EXPECT_EQ(Lists(), "A, D, E | B, C");
-        EXPECT_EQ(Enabled(buttons), "");
-        EXPECT_EQ(Focus(), "lvColumns_0");
+        EXPECT_EQ(Lists() + " | " + Focus() + Enabled(buttons), "A, D, E | B, C | lvColumns_0");
         Type("lvColumns_0", "a");
         EXPECT_EQ(In<QLabel>("lblType_0").text(), "VARCHAR(8)");
         EXPECT_EQ(Enabled(buttons), "cmdAdd_0");
@@ -45,13 +43,11 @@ TEST_F(FrmIndexTest, IsFilledByKeyboard) {
         EXPECT_EQ(Lists(), "*D, E | B, C, *A");
         EXPECT_EQ(Enabled(buttons), "cmdAdd_0 cmdAdd_1 cmdMove_0 cmdDesc");
         Press("lvColumns_0", Qt::Key_Insert);
-        EXPECT_EQ(Lists(), "*E | B, C, A, *D");
         EXPECT_EQ(In<QLabel>("lblType_1").text(), "INTEGER");
         Press("lvColumns_1", Qt::Key_Up, Qt::ControlModifier);
         EXPECT_EQ(Lists(), "*E | B, C, *D, A");
         Press("lvColumns_1", Qt::Key_Home);
         Press("lvColumns_1", Qt::Key_Delete);
-        EXPECT_EQ(Lists(), "E, *B | *C, D, A");
         EXPECT_EQ(In<QAbstractButton>("cmdDesc").text(), "Asc");
         Press("lvColumns_1", Qt::Key_Down, Qt::ControlModifier);
         EXPECT_EQ(Lists(), "E, *B | D, *C, A");
@@ -69,11 +65,8 @@ TEST_F(FrmIndexTest, IsFilledByMouse) {
     EXPECT_TRUE(Edit([this] {
         ClickRow("lvColumns_0", 2, true);
         EXPECT_EQ(Lists(), "A, *D | B, C, *E");
-        Click("cmdMove_0");
-        Click("cmdMove_0");
-        Click("cmdMove_1");
+        for (const char* button : {"cmdMove_0", "cmdMove_0", "cmdMove_1", "cmdDesc"}) Click(button);
         EXPECT_EQ(Lists(), "A, *D | B, *E, C");
-        Click("cmdDesc");
         ClickRow("lvColumns_1", 0);
         Click("cmdAdd_1");
         EXPECT_EQ(Lists(), "A, D, *B | *E, C");

@@ -46,36 +46,38 @@ class OptionsDialogTest : public WindowTest {
     bool Edit(const char* button, const std::function<void(QWidget&)>& act) {
         WhenOpen("frmOptions", [&](QWidget& dialog) {
             act(dialog);
-            dialog.findChild<QPushButton*>(button)->click();
+            Find<QPushButton>(dialog, button).click();
         });
         return EditProjectOptions(state, nullptr, optionCase, twips);
     }
 
     static void Change(QWidget& dialog) {
-        dialog.findChild<QCheckBox*>("chkFlag")->click();
-        dialog.findChild<QLineEdit*>("txtFolder")->setText("<か>");
-        dialog.findChild<QSpinBox*>("numCount")->setValue(7);
-        dialog.findChild<QComboBox*>("cmbChoice")->setCurrentIndex(1);
-        dialog.findChild<QCheckBox*>("chkInner")->click();
+        Find<QCheckBox>(dialog, "chkFlag").click();
+        Find<QLineEdit>(dialog, "txtFolder").setText("<か>");
+        Find<QSpinBox>(dialog, "numCount").setValue(7);
+        Find<QComboBox>(dialog, "cmbChoice").setCurrentIndex(1);
+        Find<QCheckBox>(dialog, "chkInner").click();
     }
 };
 
 TEST_F(OptionsDialogTest, ShowsTheOptionsOfTheCaseThatAreVisible) {
-    const auto shown = [](QWidget& dialog) {
+    const auto look = [](QWidget& dialog) {
         EXPECT_EQ(dialog.size(), QSize(408, 357));
-        EXPECT_TRUE(dialog.findChild<QCheckBox*>("chkFlag")->isChecked());
-        EXPECT_EQ(dialog.findChild<QCheckBox*>("chkFlag")->text(), "C&lose");
-        EXPECT_TRUE(dialog.findChild<QCheckBox*>("chkFlag")->accessibleDescription().startsWith("Linked"));
-        EXPECT_EQ(dialog.findChild<QLineEdit*>("txtFolder")->text(), "a&b");
-        EXPECT_EQ(dialog.findChild<QSpinBox*>("numCount")->value(), -5);
-        EXPECT_EQ(dialog.findChild<QComboBox*>("cmbChoice")->currentText(), "Ex");
-        EXPECT_EQ(dialog.findChild<QComboBox*>("cmbChoice")->itemText(1), "y");
-        EXPECT_EQ(dialog.findChild<QComboBox*>("cmbOdd")->currentIndex(), -1);
-        EXPECT_FALSE(dialog.findChild<QWidget*>("fraMore")->findChild<QCheckBox*>("chkInner")->isChecked());
+        const auto& flag = Find<QCheckBox>(dialog, "chkFlag");
+        EXPECT_TRUE(flag.isChecked());
+        EXPECT_EQ(flag.text(), "C&lose");
+        EXPECT_TRUE(flag.accessibleDescription().startsWith("Linked"));
+        EXPECT_EQ(Find<QLineEdit>(dialog, "txtFolder").text(), "a&b");
+        EXPECT_EQ(Find<QSpinBox>(dialog, "numCount").value(), -5);
+        EXPECT_EQ(Find<QComboBox>(dialog, "cmbChoice").currentText(), "Ex");
+        EXPECT_EQ(Find<QComboBox>(dialog, "cmbChoice").itemText(1), "y");
+        EXPECT_EQ(Find<QComboBox>(dialog, "cmbOdd").currentIndex(), -1);
+        EXPECT_FALSE(Find<QCheckBox>(Find<QWidget>(dialog, "fraMore"), "chkInner").isChecked());
         for (const char* name : {"chkHidden", "txtElsewhere"})
             EXPECT_EQ(dialog.findChild<QWidget*>(name), nullptr) << name;
     };
-    EXPECT_FALSE(Edit("cmdCancel", shown));
+    EXPECT_FALSE(Edit("cmdCancel", look));
+    EXPECT_THROW((void)EditProjectOptions(state, nullptr, "//CASE[@ID='Nobody']", twips), Error);
 }
 
 TEST_F(OptionsDialogTest, KeepsWhatIsConfirmedAndNothingElse) {
@@ -96,10 +98,6 @@ TEST_F(OptionsDialogTest, KeepsWhatIsConfirmedAndNothingElse) {
     EXPECT_EQ(Kept(), xml::Document::Parse(after, "after").Text());
 }
 
-TEST_F(OptionsDialogTest, ATreeWithoutTheCaseIsRefused) {
-    EXPECT_THROW((void)EditProjectOptions(state, nullptr, "//CASE[@ID='Nobody']", twips), Error);
-}
-
 TEST_F(OptionsDialogTest, LinkedTablesAreImportedUnlessAnOptionSaysOtherwise) {
     const std::pair<const char*, bool> cases[] = {
         {"<OPTIONS/>", true},
@@ -117,8 +115,8 @@ TEST_F(OptionsDialogTest, LinkedTablesAreImportedUnlessAnOptionSaysOtherwise) {
 TEST_F(OptionsDialogTest, TheAboutBoxNamesTheVersion) {
     QString version;
     WhenOpen("frmAbout", [&](QWidget& dialog) {
-        version = dialog.findChild<QLabel*>("lblVersion")->text();
-        dialog.findChild<QPushButton*>("cmdOK")->click();
+        version = Find<QLabel>(dialog, "lblVersion").text();
+        dialog.close();
     });
     ShowAbout(state, nullptr);
     EXPECT_TRUE(QRegularExpression("^Version \\d+\\.\\d+\\.\\d+$").match(version).hasMatch())

@@ -10,8 +10,6 @@
 
 namespace tessel::test {
 
-using Lines = std::vector<std::string>;
-
 class BrowserPaneTest : public WindowTest {
   protected:
     BrowserPaneTest() {
@@ -37,7 +35,6 @@ class BrowserPaneTest : public WindowTest {
         return texts;
     }
 
-    std::shared_ptr<StrictQuestions> questions = std::static_pointer_cast<StrictQuestions>(state.questions);
     frmMain* window = nullptr;
 };
 

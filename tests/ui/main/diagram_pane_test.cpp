@@ -10,8 +10,6 @@
 
 namespace tessel::test {
 
-using Lines = std::vector<std::string>;
-
 class DiagramPaneTest : public WindowTest {
   protected:
     // CITY (1) refers to COUNTRY (2) by the key IN_COUNTRY; STREET (3) stands alone.
@@ -63,7 +61,6 @@ class DiagramPaneTest : public WindowTest {
     }
     const std::string schemaFolder = folder / "Projects/Demo/DBSCHEMA";
     const Lines inAColumn{"CITY||8|t1|8|0|10", "COUNTRY||8|t2|14|0|20", "STREET||8|t3|12|0|30"};
-    std::shared_ptr<StrictQuestions> questions = std::static_pointer_cast<StrictQuestions>(state.questions);
     frmMain* window = nullptr;
 };
 
@@ -146,7 +143,7 @@ TEST_F(DiagramPaneTest, TheMouseAndTheKeysActOnWhatTheyMeet) {
     const auto& line = Diagram().Drawing().links[0].points;
     Click(Sheet().mapFromScene((ToPixels(line[0]) + ToPixels(line[1])) / 2));
     EXPECT_EQ(Shown(), "CITY/2/IN_COUNTRY");
-    Browser(*window).setCurrentIndex(Browser(*window).model()->index(2, 0));
+    SelectTable(*window, 2);
     EXPECT_EQ(Diagram().CurrentBox(), "t3") << "the browser leads too";
     Click(Middle("t2"), Qt::RightButton);
     EXPECT_EQ(Find<QMenu>(*window, "mnuStructure").defaultAction(), &Item(*window, "mnuStructureProperties"));
@@ -205,10 +202,9 @@ TEST_F(DiagramPaneTest, TheMenuAndTheToolbarActAlike) {
 TEST_F(DiagramPaneTest, TheMarkOfQuickSearchFollowsIt) {
     auto& line = Find<QLineEdit>(Diagram(), "txtFind");
     const QAction& mark = Item(*window, "mnuDiagramSearch");
-    bool isOn = false;
-    for (const char* command : {"mnuDiagramSearch", "mnuDiagramSearch", "dgSearch", "dgSearch", "dgSearch"}) {
+    for (const auto& [command, isOn] :
+         {std::pair{"mnuDiagramSearch", true}, {"dgSearch", false}, {"dgSearch", true}}) {
         Choose(*window, command);
-        isOn = !isOn;
         EXPECT_TRUE(mark.isChecked() == isOn && line.isVisible() == isOn) << command;
     }
     QTest::keyClicks(&line, "stre");

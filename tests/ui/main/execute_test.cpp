@@ -14,11 +14,9 @@ namespace tessel::test {
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
-std::string Tool(const std::string& caption, const std::string& more = "") {
+std::string Tool(const std::string& caption) {
     return "<TOOL NAME='n' CAPTION='" + caption + "' VISIBLE='True'><TEXT NAME='ProgID' VALUE='Test.Tool'/>" +
-           "<TEXT NAME='Param' VALUE='a b'/>" + more + "</TOOL>";
+           "<TEXT NAME='Param' VALUE='a b'/></TOOL>";
 }
 std::string Group(const std::string& caption, const std::string& tools) {
     return "<GROUP CAPTION='" + caption + "' VISIBLE='True'><LIST>" + tools + "</LIST></GROUP>";
@@ -34,18 +32,22 @@ class ExecuteTest : public WindowTest {
         return Start();
     }
     // The window with the one tool "Tool", which is this script of the shell's.
-    frmMain& StartWithTool(const std::string& script, const std::string& more = "",
-                           const std::string& caption = "&amp;Tool") {
+    frmMain& StartWithTool(const std::string& script, const std::string& caption = "&amp;Tool") {
         const std::string path = folder / "tool.sh";
         Write(path, "#!/bin/sh\ncall() { echo \"$1\"; read -r answer; }\n" + script);
         std::filesystem::permissions(path, std::filesystem::perms::owner_all);
         EnterClasses(UserComponentsPath(),
                      {{.progID = "Test.Tool", .kind = RegisteredClass::Kind::Program, .file = path}});
-        return StartWith("<LIST NAME='AddOns'>" + Tool(caption, more) + "</LIST>");
+        return StartWith("<LIST NAME='AddOns'>" + Tool(caption) + "</LIST>");
     }
+    // Lines of a script.
+    static std::string Call(const std::string& call) { return "call '{" + call + "}'\n"; }
     static std::string AddingTable(const std::string& name) {
-        return R"(call '{"member":"TableAdd","args":[")" + name +
-               R"(",0,null,{"date":"2026-01-31"},null,null]}')" + "\n";
+        return Call(R"("member":"TableAdd","args":[")" + name +
+                    R"(",0,null,{"date":"2026-01-31"},null,null])");
+    }
+    static std::string Executing(const std::string& sql) {
+        return Call(R"("on":"ProjectDB","member":"Execute","args":[")" + sql + R"("])");
     }
 
     // The items, "name tag text", disabled ones in parentheses.
@@ -89,8 +91,6 @@ class ExecuteTest : public WindowTest {
     Lines said;
 };
 
-const std::string failure = "Failed to start Tool\nProgID: Test.Tool\nParam: a b|";
-
 TEST_F(ExecuteTest, TheMenuAndTheDropDownListTheAddOns) {
     const struct {
         std::string list;
@@ -123,34 +123,25 @@ TEST_F(ExecuteTest, TheMenuAndTheDropDownListTheAddOns) {
 TEST_F(ExecuteTest, AToolChangesTheSchemaAndSelectsATable) {
     frmMain& window = StartWithTool(
         AddingTable("MADE") + "pwd > here; printf '%s' \"$1\" > param\n" +
-        R"(call '{"on":"ProjectDB","member":"Execute","args":["update Tables set Comments=TableName where TabID=1"]}')"
-        "\n"
-        R"(call '{"member":"StartProgress","args":["Working",10]}')"
-        "\n"
-        R"(call '{"member":"SelectedTabID","put":2}')"
-        "\n");
+        Executing("update Tables set Comments=TableName where TabID=1") +
+        Executing(
+            "insert into Tables (TabID, TableName) select 7, TableName || 2 from Tables where TabID=1") +
+        Call(R"("member":"StartProgress","args":["Working",10])") +
+        Call(R"("member":"SelectedTabID","put":7)"));
     AddTable("OLD");
-    Browser(window).setCurrentIndex(Browser(window).model()->index(0, 0));
+    SelectTable(window, 0);
     Choose(window, "mnuExecuteItem");
-    EXPECT_EQ(Listed(window), (Lines{"*MADE|", "OLD|OLD"}));
-    auto& diagram = Find<TDiagram>(window, "Diagram");
-    EXPECT_EQ(diagram.BoxKeys().size(), 2U);
+    EXPECT_EQ(Listed(window), (Lines{"MADE|", "OLD|OLD", "*OLD2|"}));
+    EXPECT_EQ(Find<TDiagram>(window, "Diagram").BoxKeys().size(), 3U);
     EXPECT_EQ(files::ReadFile(folder / "here"), folder.Path() + "\n") << "the workspace's folder";
     EXPECT_EQ(files::ReadFile(folder / "param"), "a b");
     ExpectAwake(window);
 }
 
 TEST_F(ExecuteTest, TheTableShownFollowsTheTool) {
-    frmMain& window = StartWithTool(
-        R"(call '{"on":"ProjectDB","member":"Execute","args":["delete from Columns where ColumnID=1"]}')"
-        "\n");
-    const std::int32_t table = AddTable("T");
-    std::string name = "C";
-    std::int32_t column = -1;
-    ASSERT_TRUE(WorkspaceOf(state)->ColumnAdd(table, name, 4, 0, 0, true, Null{}, Null{}, DateTime{}, Null{},
-                                              Null{}, -1, column));
-    WorkspaceOf(state)->RefreshBrowser();
-    Browser(window).setCurrentIndex(Browser(window).model()->index(0, 0));
+    frmMain& window = StartWithTool(Executing("delete from Columns where ColumnID=1"));
+    AddColumn(AddTable("T"), "C");
+    SelectTable(window, 0);
     window.SetCVRL("text:kept.txt");
     const auto& properties = *Find<QTreeView>(window, "lvProperties").model();
     ASSERT_EQ(properties.rowCount(), 1);
@@ -159,22 +150,10 @@ TEST_F(ExecuteTest, TheTableShownFollowsTheTool) {
     EXPECT_EQ(window.CVRL(), "text:kept.txt");
 }
 
-TEST_F(ExecuteTest, AToolThatFailsKeepsItsChangesOnlyAfterAYes) {
-    frmMain& window = StartWithTool(AddingTable("HALF") + "exit 3\n");
-    Answer({QMessageBox::Ok, QMessageBox::No, QMessageBox::Ok, QMessageBox::Yes});
-    Choose(window, "mnuExecuteItem");
-    EXPECT_EQ(Listed(window), Lines{});
-    Choose(window, "mnuExecuteItem");
-    EXPECT_EQ(Listed(window), (Lines{"HALF|"}));
-    ASSERT_EQ(said.size(), 4U);
-    EXPECT_EQ(said[0], failure + "It ended with the exit code 3.");
-    ExpectAwake(window);
-}
-
 TEST_F(ExecuteTest, AToolThatHangsIsStopped) {
-    frmMain& window = StartWithTool(AddingTable("HALF") + "while [ ! -e go ]; do sleep 0.02; done\n" +
-                                    R"(call '{"on":"ToolWindow","member":"Message","args":["Still here"]}')" +
-                                    "\nsleep 600\n");
+    frmMain& window =
+        StartWithTool(AddingTable("HALF") + "while [ ! -e go ]; do sleep 0.02; done\n" +
+                      Call(R"("on":"ToolWindow","member":"Message","args":["Still here"])") + "sleep 600\n");
     Answer({QMessageBox::Ok, QMessageBox::Ok, QMessageBox::No}, [] {
         WhenOpen("frmRunning", [](QWidget& again) { Find<QAbstractButton>(again, "cmdCancel").click(); });
     });
@@ -191,17 +170,16 @@ TEST_F(ExecuteTest, AToolThatHangsIsStopped) {
     Choose(window, "mnuExecuteItem");
     ASSERT_EQ(said.size(), 3U);
     EXPECT_EQ(said[0], "Still here|");
-    EXPECT_EQ(said[1], failure + "It was stopped.");
+    EXPECT_EQ(said[1], "Failed to start Tool\nProgID: Test.Tool\nParam: a b|It was stopped.");
     EXPECT_EQ(Listed(window), Lines{});
     ExpectAwake(window);
 }
 
 TEST_F(ExecuteTest, AToolThatAsksWithoutEndIsStopped) {
-    const std::string ask =
-        R"(call '{"on":"ToolWindow","member":"Message","args":["Again",null,"OKCancel"]}')";
-    frmMain& window = StartWithTool("call '{\"member\":\"MethodName\"}'\nprintf '%s' \"$answer\" > name\n" +
-                                        ("while " + ask + "; do :; done\n"),
-                                    "", "&amp;More &amp;Tool");
+    frmMain& window = StartWithTool(
+        Call(R"("member":"MethodName")") + "printf '%s' \"$answer\" > name\nwhile " +
+            Call(R"("on":"ToolWindow","member":"Message","args":["Again",null,"OKCancel"])") + "do :; done\n",
+        "&amp;More &amp;Tool");
     std::deque<QMessageBox::StandardButton> buttons(20, QMessageBox::Ok);
     buttons.push_back(QMessageBox::No);
     buttons.insert(buttons.end(), 20, QMessageBox::Cancel);
@@ -217,32 +195,11 @@ TEST_F(ExecuteTest, AToolThatAsksWithoutEndIsStopped) {
     ExpectAwake(window);
 }
 
-TEST_F(ExecuteTest, ATableThatOnlyTheDatabaseKnowsIsSelected) {
-    frmMain& window = StartWithTool(
-        R"(call '{"on":"ProjectDB","member":"Execute","args":["insert into Tables (TabID, TableName) select 7, TableName || 2 from Tables"]}')"
-        "\n"
-        R"(call '{"member":"SelectedTabID","put":7}')"
-        "\n");
-    AddTable("OLD");
-    Choose(window, "mnuExecuteItem");
-    EXPECT_EQ(Listed(window), (Lines{"OLD|", "*OLD2|"}));
-}
-
-TEST_F(ExecuteTest, ASchemaWithErrorsKeepsAToolFromStarting) {
-    frmMain& window = StartWithTool("touch started\n", "<BOOL NAME='Verify' VALUE='True'/>");
-    AddTable("Alone");
-    Answer({QMessageBox::Ok});
-    Choose(window, "mnuExecuteItem");
-    EXPECT_EQ(said, (Lines{"You should fix DBSchema errors before running 'Tool'.|"}));
-    EXPECT_FALSE(std::filesystem::exists(folder / "started"));
-    EXPECT_EQ(Find<QTreeView>(window, "lvErrors").model()->rowCount(), 1);
-    EXPECT_TRUE(window.isEnabled());
-}
-
 TEST_F(ExecuteTest, AToolAsksByAForm) {
-    frmMain& window = StartWithTool(R"(call '{"on":"ToolWindow","member":"Form","args":[{"caption":"Ask",)"
-                                    R"("fields":{"name":{"kind":"text","caption":"&Name:","value":"x"}}}]}')"
-                                    "\nprintf '%s' \"$answer\" > answer\n");
+    frmMain& window =
+        StartWithTool(Call(R"("on":"ToolWindow","member":"Form","args":[{"caption":"Ask","fields":{"name":)"
+                           R"({"kind":"text","caption":"&Name:","value":"x"}}}])") +
+                      "printf '%s' \"$answer\" > answer\n");
     WhenOpen("frmForm", [](QWidget& form) {
         EXPECT_EQ(form.windowTitle(), "Ask");
         QTest::keyClicks(&Find<QLineEdit>(form, "name"), "y");

@@ -12,7 +12,6 @@
 namespace tessel::test {
 
 using FrmMainTest = WindowTest;
-using Lines = std::vector<std::string>;
 
 TEST_F(FrmMainTest, LoadsInItsOrderAndIsThenReady) {
     Start();
@@ -40,14 +39,11 @@ TEST_F(FrmMainTest, TheTagOfATableIsItsOrigin) {
     Start();
     const auto source = frontend->repository->Add("TABLE", "S");
     source->attributes["Origin"] = "cobol/orders.cpy";
-    const auto other = frontend->repository->Add("RECORD", "R");
+    const std::string record = frontend->repository->Add("RECORD", "R")->Identifier();
     std::int32_t tabID = -1;
-    for (const auto& [name, object] : {std::pair{"A", source->Identifier()},
-                                       {"B", other->Identifier()},
-                                       {"C", std::string("gone")},
-                                       {"D", std::string()}})
+    for (const auto& [name, object] :
+         {std::pair{"A", source->Identifier()}, {"B", record}, {"C", "gone"}, {"D", ""}})
         ASSERT_TRUE(WorkspaceOf(state)->TableAdd(name, tabID, object, DateTime{}, Null{}, "stored"));
-    WorkspaceOf(state)->RefreshBrowser();
     BrowserList list;
     list.Refresh(state.Database(), *frontend);
     Lines tags;
@@ -80,36 +76,34 @@ TEST_F(FrmMainTest, MnemonicsDoNotClashInAnyLanguage) {
 TEST_F(FrmMainTest, ViewCommandsFollowThePanes) {
     frmMain& window = Start();
     struct {
-        const char* item;
         const char* pane;
-        const char* button;
-        bool atFirst;
-    } const cases[] = {
-        {"mnuViewBrowser", "Browser", "tbBrowser", true},   {"mnuViewDiagram", "Diagram", "tbDiagram", false},
-        {"mnuViewProperties", "Properties", nullptr, true}, {"mnuViewErrors", "Errors", nullptr, false},
-        {"mnuViewOrigin", "Origin", nullptr, false},        {"mnuViewLog", "Log", nullptr, false},
+        bool isVisible;
+        bool hasButton;
+    } panes[] = {{"Browser", true, true},  {"Diagram", false, true}, {"Properties", true, false},
+                 {"Errors", false, false}, {"Origin", false, false}, {"Log", false, false}};
+    const auto check = [&](const auto& pane) {
+        const std::string name = pane.pane;
+        EXPECT_EQ(Panes(window).IsPaneVisible(pane.pane), pane.isVisible) << name;
+        EXPECT_EQ(Item(window, ("mnuView" + name).c_str()).isChecked(), pane.isVisible) << name;
+        EXPECT_TRUE(!pane.hasButton || Item(window, ("tb" + name).c_str()).isChecked() == pane.isVisible)
+            << name;
     };
-    const auto check = [&](const auto& pane, bool isVisible) {
-        EXPECT_EQ(Panes(window).IsPaneVisible(pane.pane), isVisible) << pane.pane;
-        EXPECT_EQ(Item(window, pane.item).isChecked(), isVisible) << pane.item;
-        EXPECT_TRUE(!pane.button || Item(window, pane.button).isChecked() == isVisible) << pane.item;
-    };
-    for (const auto& pane : cases) {
-        check(pane, pane.atFirst);
-        Choose(window, pane.item);
-        check(pane, !pane.atFirst);
+    for (auto& pane : panes) {
+        check(pane);
+        Choose(window, ("mnuView" + std::string(pane.pane)).c_str());
+        pane.isVisible = !pane.isVisible;
+        check(pane);
     }
     EXPECT_TRUE(Find<QMenu>(window, "mnuDiagram").isEnabled());
     Choose(window, "tbDiagram");
-    check(cases[1], false);
+    EXPECT_FALSE(Panes(window).IsPaneVisible("Diagram"));
     EXPECT_FALSE(Find<QMenu>(window, "mnuDiagram").isEnabled());
-    frontend->log->SetVisible(false);
-    check(cases[5], false);
     frontend->log->SetDocked(false);
-    frontend->log->SetVisible(true);
     EXPECT_FALSE(Panes(window).IsPaneVisible("Log"));
     EXPECT_TRUE(Item(window, "mnuViewLog").isChecked());
     EXPECT_TRUE(Find<QWidget>(window, "frmLog").isVisible());
+    frontend->log->SetVisible(false);
+    EXPECT_FALSE(Item(window, "mnuViewLog").isChecked());
 }
 
 TEST_F(FrmMainTest, TheArrangementIsFoundAgain) {
@@ -127,18 +121,22 @@ TEST_F(FrmMainTest, TheArrangementIsFoundAgain) {
     EXPECT_TRUE(Find<QWidget>(*window, "frmLog").isVisible()) << "the log in a window of its own";
 
     EXPECT_TRUE(window->close());
-    const auto defaults = [](frmMain& shown) {
-        return IsShown(shown, "paneBrowser") && IsShown(shown, "paneProperties") &&
-               !IsShown(shown, "paneErrors") && !IsShown(shown, "paneLog") &&
-               !IsShown(shown, "paneDiagram") && !IsShown(shown, "paneOrigin");
+    const auto shown = [](frmMain& started) {
+        std::string panes;
+        for (const char* name : {"Browser", "Diagram", "Properties", "Origin", "Errors", "Log"})
+            if (Panes(started).IsPaneVisible(name)) panes += name;
+        return panes;
     };
     const std::string prefix = "uBrowserDiagramPropertiesOriginErrorsLog";
+    QtSettings(SettingsPath("Tessel")).Set("Others", "Key", "of another version");
+    QtSettings(SettingsPath("Tessel")).Set("Settings", "MainWindow", "no geometry");
     for (const std::string& damaged : {prefix + "((((", "x" + prefix + layout.toStdString(), std::string()}) {
         QtSettings(SettingsPath("Tessel")).Set("Settings", "ActivityLog", "");
         QtSettings(SettingsPath("Tessel")).Set("Settings", "MainSplitter", damaged);
-        EXPECT_TRUE(defaults(Start())) << damaged;
+        EXPECT_EQ(shown(Start()), "BrowserProperties") << damaged;
         EXPECT_TRUE(dynamic_cast<frmMain&>(*state.window).close());
     }
+    EXPECT_EQ(QtSettings(SettingsPath("Tessel")).Get("Others", "Key"), "of another version");
 }
 
 TEST_F(FrmMainTest, FollowsTheWorkspace) {
@@ -147,7 +145,7 @@ TEST_F(FrmMainTest, FollowsTheWorkspace) {
     AddTable("M");
     const std::int32_t first = AddTable("B");
     AddTable("X");
-    Browser(window).setCurrentIndex(Browser(window).model()->index(0, 0));
+    SelectTable(window, 0);
     EXPECT_EQ(Listed(window), (Lines{"*B|", "M|", "X|"}));
     ASSERT_TRUE(workspace->TableUpdate(first, "Z", Missing{}, "last", Missing{}));
     EXPECT_EQ(Listed(window), (Lines{"M|", "X|", "*Z|last"}));
@@ -194,26 +192,48 @@ TEST_F(FrmMainTest, TakesNoInputWhileProgressIsMade) {
     EXPECT_TRUE(window.close());
 }
 
-TEST_F(FrmMainTest, VerificationLeadsToTheTable) {
+TEST_F(FrmMainTest, VerificationLeadsToEachPlace) {
     Start();
-    AddTable("Alone");
-    AddTable("Other");
+    std::int32_t id = -1;
+    for (const char* name : {"CUSTOMER", "ORDERS", "EMPTY"}) AddTable(name);
+    AddColumn(1, "TaxNo");
+    AddColumn(2, "PlacedBy");
+    ASSERT_TRUE(WorkspaceOf(state)->IndexAdd(1, "AK", id) && WorkspaceOf(state)->IndexAdd(2, "IX", id) &&
+                WorkspaceOf(state)->ForeignAdd(2, 1, "FK", id));
+    for (const char* sql :
+         {"update Indices set Unique = 1 where IndexName = 'AK'",
+          "insert into IndexColumns (IndexID, ColumnID, Position, Direction) values (1, 1, 1, 'A')"})
+        state.Database().Execute(sql);
     frmMain& window = Reopen();
     Choose(window, "mnuVerifyAll");
     auto& errors = Find<QTreeView>(window, "lvErrors");
-    EXPECT_TRUE(IsShown(window, "paneErrors"));
-    EXPECT_TRUE(Panes(window).IsActive("Errors"));
-    EXPECT_EQ(Panes(window).Caption("Errors"), "2 error(s) found");
-    ASSERT_EQ(errors.model()->rowCount(), 2);
-    EXPECT_EQ(errors.model()->index(1, 1).data(), "Table has no columns");
-    EXPECT_EQ(frontend->log->activities.back().result, "2 error(s) found");
-    emit errors.doubleClicked(errors.model()->index(1, 0));
-    EXPECT_EQ(Listed(window), (Lines{"Alone|", "*Other|"}));
-    EXPECT_EQ(window.focusWidget(), &Find<QTreeView>(window, "lvProperties"));
-    state.Database().Execute("delete from Tables where TableName = 'Alone'");
+    auto& tabs = Find<QTabBar>(window, "tsProperties");
+    auto& properties = Find<QTreeView>(window, "lvProperties");
+    EXPECT_TRUE(IsShown(window, "paneErrors") && Panes(window).IsActive("Errors"));
+    EXPECT_EQ(Panes(window).Caption("Errors"), "5 error(s) found");
+    EXPECT_EQ(frontend->log->activities.back().result, "5 error(s) found");
+    const auto leadsTo = [&](int error) {
+        const QModelIndex row = errors.model()->index(error, 0);
+        errors.scrollTo(row);
+        const QPoint place = errors.visualRect(row).center();
+        QTest::mouseClick(errors.viewport(), Qt::LeftButton, {}, place);
+        QTest::mouseDClick(errors.viewport(), Qt::LeftButton, {}, place);
+        const auto rows = properties.selectionModel()->selectedRows();
+        const QStringList shown{Browser(window).currentIndex().data().toString(),
+                                tabs.tabText(tabs.currentIndex()), rows.value(0).data().toString()};
+        return shown.join(' ').toStdString();
+    };
+    SelectTable(window, 1);
+    Lines places;
+    for (int error = 0; error < 5; ++error) {
+        places.push_back(leadsTo(error));
+        EXPECT_EQ(window.focusWidget(), &properties);
+    }
+    EXPECT_EQ(places, (Lines{"CUSTOMER Columns TaxNo", "ORDERS Columns ", "ORDERS Keys FK", "ORDERS Keys FK",
+                             "EMPTY Columns "}));
+    state.Database().Execute("delete from Tables where TableName = 'CUSTOMER'");
     WorkspaceOf(state)->RefreshBrowser();
-    emit errors.doubleClicked(errors.model()->index(0, 0));
-    EXPECT_EQ(Listed(window), (Lines{"*Other|"})) << "an error whose table is gone";
+    EXPECT_EQ(leadsTo(0), places[4]) << "an error whose table is gone";
 }
 
 TEST_F(FrmMainTest, ClosingVerifiesAndLetsEverythingGo) {
@@ -229,7 +249,6 @@ TEST_F(FrmMainTest, ClosingVerifiesAndLetsEverythingGo) {
 }
 
 TEST_F(FrmMainTest, TheSchemaIsDeletedOnlyAfterAYes) {
-    const auto questions = std::static_pointer_cast<StrictQuestions>(state.questions);
     frmMain& window = Start();
     AddTable("T");
     const std::string file = folder / "Projects/Demo/DBSCHEMA/Demo.mdb";
@@ -258,17 +277,15 @@ TEST_F(FrmMainTest, F1HelpsWhereTheLogIsActive) {
     EXPECT_TRUE(help()->isVisible());
 }
 
-TEST_F(FrmMainTest, OptionsAreKept) {
+TEST_F(FrmMainTest, CommandsOpenTheirDialogs) {
     frmMain& window = Start();
-    frontend->projectOptions->document = xml::Document::Parse(
-        "<OPTIONS><CASE ID='VNT'><BOOL NAME='ImportAtStart' VALUE='True' CAPTION='x'/></CASE></OPTIONS>",
-        "o");
-    WhenOpen("frmOptions", [](QWidget& dialog) {
-        Find<QAbstractButton>(dialog, "chkImportAtStart").click();
-        Find<QPushButton>(dialog, "cmdOK").click();
-    });
-    Choose(window, "tbOptions");
-    EXPECT_NE(frontend->projectOptions->document.Text().find("VALUE=\"False\""), std::string::npos);
+    frontend->projectOptions->document = xml::Document::Parse("<OPTIONS><CASE ID='VNT'/></OPTIONS>", "o");
+    for (const auto& [command, name] : {std::pair{"tbOptions", "frmOptions"}, {"mnuHelpAbout", "frmAbout"}}) {
+        bool isOpened = false;
+        WhenOpen(name, [&](QWidget& dialog) { isOpened = dialog.close(); });
+        Choose(window, command);
+        EXPECT_TRUE(isOpened) << command;
+    }
 }
 
 }  // namespace tessel::test

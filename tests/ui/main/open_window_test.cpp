@@ -54,7 +54,7 @@ TEST_F(OpenWindowTest, SavesAPictureOfTheWindow) {
     AddTable("Orders");
     EXPECT_NE(saved(), withoutTables);
     const std::string nowhere = folder / "none/window.png";
-    EXPECT_NE(Refusal(nowhere).find("The picture " + nowhere + " cannot be written."), std::string::npos);
+    EXPECT_NE(Refusal(nowhere).find("The file " + nowhere + " cannot be written: "), std::string::npos);
 }
 
 TEST_F(OpenWindowTest, WithoutADisplayItSaysSo) {

@@ -1,7 +1,6 @@
 #include "ui/main/properties_pane.h"
 
-#include <QCheckBox>
-#include <QHeaderView>
+#include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
@@ -11,8 +10,6 @@
 
 namespace tessel::test {
 
-using Lines = std::vector<std::string>;
-
 class PropertiesPaneTest : public WindowTest {
   protected:
     // ORDERS holds the columns No, Customer and Placed and the key PLACED_BY to CUSTOMER (No).
@@ -21,23 +18,14 @@ class PropertiesPaneTest : public WindowTest {
         orders = AddTable("ORDERS");
         customer = AddTable("CUSTOMER");
         AddColumn(customer, "No");
-        last_ = -1;
         for (const char* name : {"No", "Customer", "Placed"}) AddColumn(orders, name);
         std::int32_t keyID = -1;
         EXPECT_TRUE(WorkspaceOf(state)->ForeignAdd(orders, customer, "PLACED_BY", keyID));
         state.Database().Execute(
             "insert into ForeignKeyColumns (KeyID, ColumnID, RefColumnID) values (1, 3, 1)");
         window = &Reopen();
-        SelectTable(1);
+        SelectTable(*window, 1);
     }
-
-    void AddColumn(std::int32_t tabID, std::string name) {
-        std::int32_t columnID = -1;
-        EXPECT_TRUE(WorkspaceOf(state)->ColumnAdd(tabID, name, 4, 0, 0, true, Null{}, Null{}, DateTime{},
-                                                  Null{}, "text:" + name + ".txt", last_, columnID));
-        last_ = columnID;
-    }
-    void SelectTable(int row) { Browser(*window).setCurrentIndex(Browser(*window).model()->index(row, 0)); }
 
     ListView& List() { return Find<ListView>(*window, "lvProperties"); }
     QTabBar& Tabs() { return Find<QTabBar>(*window, "tsProperties"); }
@@ -60,6 +48,15 @@ class PropertiesPaneTest : public WindowTest {
         QTest::keyClick(Editor(), Qt::Key_Return);
         Until([&] { return Editor() == nullptr; });
     }
+    // Selects the first column in each list of the dialog that will open, clicks the button, and confirms.
+    static void Use(const char* name, const char* button) {
+        WhenOpen(name, [button](QWidget& dialog) {
+            for (ListView* list : dialog.findChildren<ListView*>())
+                list->setCurrentIndex(list->model()->index(0, 0));
+            Find<QAbstractButton>(dialog, button).click();
+            Find<QPushButton>(dialog, "cmdOK").click();
+        });
+    }
 
     // The rows as the user sees them, cells parted by '|', selected ones with a '*' before them.
     Lines Rows() {
@@ -81,13 +78,9 @@ class PropertiesPaneTest : public WindowTest {
         return columns;
     }
 
-    std::shared_ptr<StrictQuestions> questions = std::static_pointer_cast<StrictQuestions>(state.questions);
     std::int32_t orders = -1;
     std::int32_t customer = -1;
     frmMain* window = nullptr;
-
-  private:
-    std::int32_t last_ = -1;
 };
 
 TEST_F(PropertiesPaneTest, OnlyTheUsersChoiceOfATabFillsTheList) {
@@ -104,10 +97,6 @@ TEST_F(PropertiesPaneTest, OnlyTheUsersChoiceOfATabFillsTheList) {
     EXPECT_TRUE(HasIcon(0));
     ChooseTab(0);
     EXPECT_EQ(Rows(), columns);
-    QStyleOptionViewItem plain;
-    plain.initFrom(&List());
-    for (int column = 0; column < List().model()->columnCount(); ++column)
-        EXPECT_GE(List().columnWidth(column), QStyledItemDelegate().sizeHint(plain, Cell(1, column)).width());
     Browser(*window).setCurrentIndex({});
     EXPECT_EQ(Rows(), Lines{});
     EXPECT_FALSE(Item(*window, "mnuPopupNew").isEnabled());
@@ -148,25 +137,23 @@ TEST_F(PropertiesPaneTest, ATypedNameIsKeptWhenAnotherTableIsChosen) {
 }
 
 TEST_F(PropertiesPaneTest, ColumnsAreCutCopiedPastedAndDropped) {
-    Press(List(), Qt::Key_A, Qt::ControlModifier);
-    Press(List(), Qt::Key_C, Qt::ControlModifier);
-    EXPECT_FALSE(Cell(0).data(Qt::ForegroundRole).isValid());
     Click(1);
     Click(2, Qt::ControlModifier);
     Press(List(), Qt::Key_X, Qt::ControlModifier);
     EXPECT_FALSE(Cell(0).data(Qt::ForegroundRole).isValid());
     EXPECT_TRUE(Cell(1).data(Qt::ForegroundRole).isValid());
-    SelectTable(0);
+    SelectTable(*window, 0);
     Press(List(), Qt::Key_V, Qt::ControlModifier);
     EXPECT_EQ(Rows(), (Lines{"No|INTEGER|", "*Customer|INTEGER|", "*Placed|INTEGER|"}));
     EXPECT_EQ(Stored(orders), Lines{"1No"});
-    questions->Answers({host::Answer::Cancel, host::Answer::OK});
-    for (const std::size_t left : {3U, 1U}) {
-        Press(List(), Qt::Key_Delete);
-        EXPECT_EQ(Stored(customer).size(), left);
-        EXPECT_EQ(questions->TakeAsked().front().text, "Drop column(s) Customer,\r\nPlaced?");
-    }
+    questions->Answers({host::Answer::OK});
+    Press(List(), Qt::Key_Delete);
+    EXPECT_EQ(questions->TakeAsked().front().text, "Drop column(s) Customer,\r\nPlaced?");
     EXPECT_EQ(Rows(), Lines{"No|INTEGER|"});
+    Press(List(), Qt::Key_A, Qt::ControlModifier);
+    Press(List(), Qt::Key_C, Qt::ControlModifier);
+    Press(List(), Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(Rows(), (Lines{"No|INTEGER|", "*No1|INTEGER|"}));
 }
 
 TEST_F(PropertiesPaneTest, AColumnIsDraggedToItsPlace) {
@@ -188,11 +175,10 @@ TEST_F(PropertiesPaneTest, AColumnIsDraggedToItsPlace) {
     EXPECT_FALSE(label.isVisible());
     drop(PlaceOf(0));
     EXPECT_EQ(Stored(orders), (Lines{"1No", "2Customer", "3Placed"})) << "cancelled";
-    for (const QPoint nowhere : {PlaceOf(2) + QPoint(60, 0), QPoint(5, List().viewport()->height() - 2)}) {
-        drag(nowhere);
-        drop(nowhere);
-        EXPECT_EQ(Stored(orders), (Lines{"1No", "2Customer", "3Placed"}));
-    }
+    const QPoint nowhere(5, List().viewport()->height() - 2);
+    drag(nowhere);
+    drop(nowhere);
+    EXPECT_EQ(Stored(orders), (Lines{"1No", "2Customer", "3Placed"}));
     drag(PlaceOf(0));
     drop(PlaceOf(0));
     EXPECT_FALSE(label.isVisible());
@@ -206,8 +192,8 @@ TEST_F(PropertiesPaneTest, AColumnIsDraggedToItsPlace) {
 
 TEST_F(PropertiesPaneTest, ALongListScrollsUnderTheDrag) {
     for (int column = 0; column < 200; ++column) AddColumn(orders, "C" + std::to_string(column));
-    SelectTable(0);
-    SelectTable(1);
+    SelectTable(*window, 0);
+    SelectTable(*window, 1);
     QTest::mousePress(List().viewport(), Qt::LeftButton, {}, PlaceOf(0));
     const QPoint below(20, List().viewport()->height() + 300);
     QTest::mouseMove(List().viewport(), below);
@@ -229,9 +215,7 @@ TEST_F(PropertiesPaneTest, TheContextMenuFollowsTheSelection) {
     EXPECT_EQ(window->CVRL(), "text:Customer.txt");
     Click(0, Qt::ControlModifier);
     EXPECT_EQ(states(), "ND---");
-    EXPECT_EQ(Item(*window, "mnuPopupLocateItem").text(), "(not available)");
     ChooseTab(2);
-    EXPECT_EQ(states(), "N----");
     Click(0);
     EXPECT_EQ(states(), "NDRLP");
     auto& menu = Find<QMenu>(*window, "mnuPopup");
@@ -239,7 +223,6 @@ TEST_F(PropertiesPaneTest, TheContextMenuFollowsTheSelection) {
     EXPECT_TRUE(menu.isVisible());
     EXPECT_EQ(menu.defaultAction(), &Item(*window, "mnuPopupProperties"));
     menu.close();
-    EXPECT_EQ(Item(*window, "mnuPopupLocateItem").text(), "Referenced Table");
     Choose(*window, "mnuPopupLocateItem");
     EXPECT_EQ(Listed(*window), (Lines{"*CUSTOMER|", "ORDERS|"}));
     EXPECT_EQ(Tabs().currentIndex(), 3);
@@ -251,10 +234,7 @@ TEST_F(PropertiesPaneTest, TheContextMenuFollowsTheSelection) {
 }
 
 TEST_F(PropertiesPaneTest, ADoubleClickOpensTheProperties) {
-    WhenOpen("frmColumn", [](QWidget& dialog) {
-        Find<QCheckBox>(dialog, "chkAllowNulls").click();
-        Find<QPushButton>(dialog, "cmdOK").click();
-    });
+    Use("frmColumn", "chkAllowNulls");
     Click(2);
     Click(2);  // begins an edit, which the double click puts an end to
     EXPECT_FALSE(HasIcon(2));
@@ -262,6 +242,25 @@ TEST_F(PropertiesPaneTest, ADoubleClickOpensTheProperties) {
     Until([&] { return HasIcon(2); });
     EXPECT_EQ(Rows()[2], "*Placed|INTEGER|");
     EXPECT_FALSE(List().IsEditing());
+}
+
+TEST_F(PropertiesPaneTest, IndexesAndKeysAreMadeAndEdited) {
+    ChooseTab(1);
+    questions->Answers({TypedText{"IX"}});
+    Press(List(), Qt::Key_Insert);
+    Use("frmIndex", "cmdAdd_0");
+    Press(List(), Qt::Key_Return, Qt::AltModifier);
+    EXPECT_EQ(Rows(), Lines{"*IX|No|"});
+    ChooseTab(2);
+    WhenOpen("frmCreateKey", [](QWidget& dialog) {
+        QTest::keyClicks(&Find<QLineEdit>(dialog, "txtKeyName"), "FK");
+        Find<QPushButton>(dialog, "cmdOK").click();
+    });
+    Press(List(), Qt::Key_Insert);
+    EXPECT_EQ(Rows(), (Lines{"*FK||CUSTOMER||Restrict|", "PLACED_BY|Customer|CUSTOMER|No|Restrict|"}));
+    Use("frmForeignKey", "cmdLink");
+    Press(List(), Qt::Key_Return, Qt::AltModifier);
+    EXPECT_EQ(Rows()[0], "*FK|No|CUSTOMER|No|Restrict|");
 }
 
 }  // namespace tessel::test

@@ -24,21 +24,15 @@ class StartDialogTest : public WindowTest {
         return dialog.Choice().folder + '|' + dialog.Choice().project.value_or("");
     }
     StartOffers Offers() {
-        return {
-            .find = [](const std::string& path) -> StartChoice {
-                if (path.ends_with("none")) throw Error(ErrorKind::File, path + " is <b>none</b>.");
-                return {path, std::nullopt};
-            },
-            .make =
-                [](const std::string& made, const std::string& project) {
-                    return StartChoice{made, project};
-                },
-            .sample =
-                [] {
-                    return StartChoice{"sample", std::nullopt};
-                },
-            .projects = [this](const std::string&) { return projects; },
+        StartOffers offers;
+        offers.find = [](const std::string& path) -> StartChoice {
+            if (path.ends_with("none")) throw Error(ErrorKind::File, path + " is <b>none</b>.");
+            return {path, std::nullopt};
         };
+        offers.make = [](const auto& made, const auto& project) { return StartChoice{made, project}; };
+        offers.sample = [] { return StartChoice{"sample", std::nullopt}; };
+        offers.projects = [this](const std::string&) { return projects; };
+        return offers;
     }
     void ChooseFolder() {
         WhenOpen("QFileDialog", [this](QWidget& dialog) {
@@ -58,15 +52,10 @@ class StartDialogTest : public WindowTest {
 
 TEST_F(StartDialogTest, TheLastTenWorkspacesAreRemembered) {
     QtSettings settings(folder / "settings");
-    std::vector<std::string> expected;
-    for (int number = 12; number > 0; --number) {
-        RememberWorkspace(settings, "/W" + std::to_string(number));
-        expected.insert(expected.begin(), "/W" + std::to_string(number));
-    }
-    RememberWorkspace(settings, "/W3");
-    std::rotate(expected.begin(), expected.begin() + 2, expected.begin() + 3);
-    expected.resize(10);
-    EXPECT_EQ(RecentWorkspaces(settings), expected);
+    for (const char* path : {"/k", "/j", "/i", "/h", "/g", "/f", "/e", "/d", "/c", "/b", "/a", "/c"})
+        RememberWorkspace(settings, path);
+    EXPECT_EQ(RecentWorkspaces(settings),
+              (Lines{"/c", "/a", "/b", "/d", "/e", "/f", "/g", "/h", "/i", "/j"}));
 }
 
 TEST_F(StartDialogTest, EachButtonOpensItsWorkspace) {

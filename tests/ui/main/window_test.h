@@ -14,8 +14,10 @@
 
 namespace tessel::test {
 
+using Lines = std::vector<std::string>;
+
 // What the test program's application reported.
-inline std::vector<std::string> reported;
+inline Lines reported;
 
 // Waits until the window of that name takes input and then acts on it; a modal one runs meanwhile.
 inline void WhenOpen(const QString& name, const std::function<void(QWidget&)>& act) {
@@ -38,7 +40,7 @@ class WindowTest : public testing::Test {
         std::filesystem::create_directories(folder / "Projects/Demo");
         state.texts = std::make_shared<text::Texts>(std::string(TESSEL_SHARE) + "/texts", "en");
         state.codePage = std::make_shared<text::CodePage>(1252);
-        state.questions = std::make_shared<StrictQuestions>();
+        state.questions = questions;
         state.loadMainWindow = LoadMainWindow;
     }
 
@@ -84,11 +86,25 @@ class WindowTest : public testing::Test {
         return tabID;
     }
 
+    // The table's last column, an INTEGER that admits Null and comes from a text file of its name.
+    void AddColumn(std::int32_t tabID, std::string name) {
+        auto last = state.Database().Select("select * from Columns where TabID = " + std::to_string(tabID) +
+                                            " order by Position desc");
+        const std::int32_t after = last.Next() ? last.Integer("ColumnID") : -1;
+        std::int32_t columnID = -1;
+        EXPECT_TRUE(WorkspaceOf(state)->ColumnAdd(tabID, name, 4, 0, 0, true, Null{}, Null{}, DateTime{},
+                                                  Null{}, "text:" + name + ".txt", after, columnID));
+    }
+
     static QTreeView& Browser(frmMain& window) { return *window.findChild<QTreeView*>("lvBrowser"); }
 
+    static void SelectTable(frmMain& window, int row) {
+        Browser(window).setCurrentIndex(Browser(window).model()->index(row, 0));
+    }
+
     // The list's rows as the user sees them, "name|description", the current one with a '*' before it.
-    static std::vector<std::string> Listed(frmMain& window) {
-        std::vector<std::string> rows;
+    static Lines Listed(frmMain& window) {
+        Lines rows;
         const QAbstractItemModel& model = *Browser(window).model();
         for (int row = 0; row < model.rowCount(); ++row)
             rows.push_back(((row == Browser(window).currentIndex().row() ? "*" : "") +
@@ -101,6 +117,7 @@ class WindowTest : public testing::Test {
     TemporaryFolder folder;
     Environment environment{{"XDG_CONFIG_HOME", folder / "config"}};
     std::shared_ptr<FakeFrontend> frontend = std::make_shared<FakeFrontend>(folder.Path(), TESSEL_SHARE);
+    std::shared_ptr<StrictQuestions> questions = std::make_shared<StrictQuestions>();
     ComponentState state;
 };
 

@@ -33,12 +33,8 @@ class ForeignKeyDialogRules : public RulesTest {
 
 TEST_F(ForeignKeyDialogRules, OpensWithLinksMarksAndTheIndexThatMatches) {
     const ForeignKeyDialog dialog = Open();
-    EXPECT_EQ(dialog.Caption() + dialog.TableName(Referencing) + dialog.TableName(Referenced),
-              "Foreign Key - KChildParent");
     EXPECT_EQ(Left(dialog), "A!:notnull>4, *B!:notnull>5, C u");
     EXPECT_EQ(Shown(dialog, Referenced), "X!:key, Y!:key, Z!");
-    EXPECT_EQ(dialog.DetailsName(Referencing) + dialog.DetailsType(Referencing), "BREAL");
-    EXPECT_EQ(dialog.DetailsName(Referenced), "");
     EXPECT_EQ(dialog.IndexNames(), (Strings{"U1", "U2"}));
     EXPECT_EQ(dialog.Index(), 0U);
     EXPECT_EQ(dialog.DeleteRule(), 0U);
@@ -69,23 +65,6 @@ TEST_F(ForeignKeyDialogRules, LinkingMovesLinksAndMarks) {
     EXPECT_EQ(Shown(dialog, Referenced), "X!, *Y!, Z!");
 }
 
-TEST_F(ForeignKeyDialogRules, ADoubleClickSelectsThePartner) {
-    ForeignKeyDialog dialog = Open();
-    struct {
-        ForeignKeyDialog::List list, other;
-        std::size_t row;
-        std::optional<std::size_t> partner;
-    } const cases[] = {{Referencing, Referenced, 1, 1},
-                       {Referencing, Referenced, 2, {}},
-                       {Referenced, Referencing, 0, 0},
-                       {Referenced, Referencing, 2, {}}};
-    for (const auto& [list, other, row, partner] : cases) {
-        dialog.Select(list, row);
-        dialog.SelectPartner(list);
-        EXPECT_EQ(dialog.Selected(other), partner);
-    }
-}
-
 TEST_F(ForeignKeyDialogRules, OKWritesThePairsAndTheKeyOnlyWhereItChanged) {
     ForeignKeyDialog dialog = Open();
     dialog.Unlink();
@@ -108,18 +87,8 @@ TEST_F(ForeignKeyDialogRules, OKWritesThePairsAndTheKeyOnlyWhereItChanged) {
     EXPECT_EQ(Key(), "R|two");
 }
 
-TEST_F(ForeignKeyDialogRules, AFailureIsToldAndChangesNothing) {
+TEST_F(ForeignKeyDialogRules, AFailureIsTold) {
     ForeignKeyDialog dialog = Open();
-    dialog.EditComment("new");
-    dialog.Unlink();
-    for (const char* change : {"insert on ForeignKeyColumns", "update on ForeignKeys"}) {
-        Break(change);
-        EXPECT_FALSE(dialog.OK());
-        EXPECT_EQ(Told(), Strings{"c Cannot change foreign key: K"});
-        EXPECT_EQ(Pairs(), (Strings{"2|5", "1|4"})) << change;
-        EXPECT_TRUE(IsMarked());
-        Mend();
-    }
     ASSERT_TRUE(Ws().ForeignDrop(1));
     EXPECT_FALSE(dialog.OK());
     EXPECT_EQ(Pairs(), Strings{});

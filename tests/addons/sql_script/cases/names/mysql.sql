@@ -1,5 +1,5 @@
 -- Demo: the schema for MySQL / MariaDB
--- 5 tables, 3 keys
+-- 8 tables, 3 keys
 
 SET NAMES utf8mb4;
 SET @old_sql_mode = @@SESSION.sql_mode;
@@ -43,6 +43,21 @@ CREATE TABLE `Orders` (
     `ABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKL` INT,
     KEY `Orders_primary` (`ABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKL`),
     CONSTRAINT `Orders_references` FOREIGN KEY (`ABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKL`) REFERENCES `select` (`group`) ON DELETE RESTRICT
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4;
+
+CREATE TABLE `xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx` (
+    `A` INT,
+    KEY `注文明細テーブル注文明細テーブル注文明細テーブル` (`A`)
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4;
+
+CREATE TABLE `xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx` (
+    `A` INT,
+    KEY `注文明細テーブル注文明細テーブル注文明細テーブル` (`A`)
+) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4;
+
+CREATE TABLE `注文明細テーブル注文明細テーブル注文明細テーブル2` (
+    `A` INT,
+    KEY `注文明細テーブル注文明細テーブル注文明細テーブル` (`A`)
 ) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4;
 
 SET SESSION sql_mode = @old_sql_mode;

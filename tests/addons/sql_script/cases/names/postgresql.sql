@@ -1,5 +1,5 @@
 -- Demo: the schema for PostgreSQL
--- 5 tables, 3 keys, 2 remarks
+-- 8 tables, 3 keys, 4 remarks
 
 BEGIN;
 SET LOCAL client_encoding = 'UTF8';
@@ -54,5 +54,22 @@ CREATE TABLE "Orders" (
     CONSTRAINT "references" FOREIGN KEY ("ABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKLMNOPQRSTUVWXYZAB_1fd65729") REFERENCES "select" ("group") ON DELETE RESTRICT
 );
 CREATE INDEX "primary" ON "Orders" ("ABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKLMNOPQRSTUVWXYZAB_1fd65729");
+
+CREATE TABLE "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx" (
+    "A" integer
+);
+CREATE INDEX "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx_d665e766" ON "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx" ("A");
+
+-- Remark: xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx: PostgreSQL does not take the name, which becomes xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx_d19b1ac5.
+CREATE TABLE "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx_d19b1ac5" (
+    "A" integer
+);
+CREATE INDEX "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx_860f5798" ON "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx_d19b1ac5" ("A");
+
+-- Remark: 注文明細テーブル注文明細テーブル注文明細テーブル2: PostgreSQL does not take the name, which becomes 注文明細テーブル注文明細テーブル注文_70a217c7.
+CREATE TABLE "注文明細テーブル注文明細テーブル注文_70a217c7" (
+    "A" integer
+);
+CREATE INDEX "注文明細テーブル注文明細テーブル注文_068fc1fe" ON "注文明細テーブル注文明細テーブル注文_70a217c7" ("A");
 
 COMMIT;

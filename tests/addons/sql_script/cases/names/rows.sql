@@ -5,3 +5,7 @@ insert into Indices(IndexID,TabID,IndexName,[Unique],Comment) values(1,1,'Primar
 insert into IndexColumns(IndexID,ColumnID,Position,Direction) values(1,1,1,'A'),(2,4,1,'A'),(3,6,1,'A'),(4,7,1,'A'),(5,2,1,'A'),(5,3,2,'D'),(6,5,1,'D'),(7,5,1,'A'),(8,2,1,'D'),(9,8,1,'A')
 insert into ForeignKeys(KeyID,TabID,RefTabId,KeyName,HowDelete,Comment) values(1,2,1,'references','C','goes with' & Chr(13) & Chr(10) & 'the "select"'),(2,5,1,'references','R',null),(3,2,2,'ByName','R',null)
 insert into ForeignKeyColumns(KeyID,ColumnID,RefColumnID) values(1,4,1),(2,8,1),(3,4,4)
+insert into Tables(TabID,TableName) values(6,'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx'),(7,'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx'),(8,'注文明細テーブル注文明細テーブル注文明細テーブル2')
+insert into Columns(ColumnID,TabID,ColumnName,Position,TypeID,Precision,Scale,IsNullable) values(9,6,'A',1,4,0,0,1),(10,7,'A',1,4,0,0,1),(11,8,'A',1,4,0,0,1)
+insert into Indices(IndexID,TabID,IndexName,[Unique]) values(10,6,'注文明細テーブル注文明細テーブル注文明細テーブル',0),(11,7,'注文明細テーブル注文明細テーブル注文明細テーブル',0),(12,8,'注文明細テーブル注文明細テーブル注文明細テーブル',0)
+insert into IndexColumns(IndexID,ColumnID,Position,Direction) values(10,9,1,'A'),(11,10,1,'A'),(12,11,1,'A')

@@ -1,5 +1,5 @@
 -- Demo: the schema for SQLite
--- 5 tables, 3 keys, 1 remark
+-- 8 tables, 3 keys, 1 remark
 -- Run it with: sqlite3 -bail DATABASE < SCRIPT
 
 BEGIN;
@@ -53,5 +53,20 @@ CREATE TABLE "Orders" (
     CONSTRAINT "references" FOREIGN KEY ("ABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKL") REFERENCES "select" ("group") ON DELETE RESTRICT
 );
 CREATE INDEX "primary" ON "Orders" ("ABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKLMNOPQRSTUVWXYZABCDEFGHIJKL");
+
+CREATE TABLE "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx" (
+    "A" INTEGER
+);
+CREATE INDEX "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx_注文明細テーブル注文明細テーブル注文明細テーブル" ON "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx" ("A");
+
+CREATE TABLE "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx" (
+    "A" INTEGER
+);
+CREATE INDEX "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx_注文明細テーブル注文明細テーブル注文明細テーブル" ON "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx" ("A");
+
+CREATE TABLE "注文明細テーブル注文明細テーブル注文明細テーブル2" (
+    "A" INTEGER
+);
+CREATE INDEX "注文明細テーブル注文明細テーブル注文明細テーブル2_注文明細テーブル注文明細テーブル注文明細テーブル" ON "注文明細テーブル注文明細テーブル注文明細テーブル2" ("A");
 
 COMMIT;
