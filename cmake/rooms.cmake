@@ -1,4 +1,5 @@
-# The two shapes that every folder's CMakeLists.txt is made of: a room (a library) and its tests.
+# The shapes that every folder's CMakeLists.txt is made of: a room (a library), its tests, a bundled tool, and files that
+# are read from the installation.
 
 add_library(tessel_options INTERFACE)
 target_compile_options(tessel_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion)
@@ -41,4 +42,40 @@ function(tessel_test name)
   set_target_properties(${name}_test PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/tests)
   add_test(NAME ${name} COMMAND ${name}_test)
   set_tests_properties(${name} PROPERTIES TIMEOUT 300)
+endfunction()
+
+# tessel_bundled_tool(NAME SOURCES...): the add-on library tessel_NAME of component.cpp, and of these sources
+# tessel_NAME_parts, which know the headers only, so that a test can link them with the editor itself.
+function(tessel_bundled_tool name)
+  add_library(tessel_${name}_parts STATIC ${ARGN})
+  target_link_libraries(tessel_${name}_parts PRIVATE tessel_options PUBLIC tessel_addons_shared)
+  add_library(tessel_${name} MODULE component.cpp)
+  target_link_libraries(tessel_${name} PRIVATE tessel_options tessel_${name}_parts tessel_addon)
+  string(REPLACE "_" "-" file tessel-${name})
+  set_target_properties(
+    tessel_${name}
+    PROPERTIES OUTPUT_NAME ${file}
+               LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/libexec/tessel/addons
+               INSTALL_RPATH "$ORIGIN/../../../${CMAKE_INSTALL_LIBDIR}")
+  install(TARGETS tessel_${name} DESTINATION ${CMAKE_INSTALL_LIBEXECDIR}/tessel/addons)
+endfunction()
+
+# tessel_share(TARGET FOLDER FILES...): copies the files of the current folder, with their paths in it, into
+# share/tessel/FOLDER
+# beside the built programs, and installs them there.
+function(tessel_share target folder)
+  set(copies)
+  foreach(file ${ARGN})
+    cmake_path(SET place NORMALIZE tessel/${folder}/${file})
+    cmake_path(GET place PARENT_PATH parent)
+    set(copy ${CMAKE_BINARY_DIR}/share/${place})
+    add_custom_command(
+      OUTPUT ${copy}
+      COMMAND ${CMAKE_COMMAND} -E make_directory ${CMAKE_BINARY_DIR}/share/${parent}
+      COMMAND ${CMAKE_COMMAND} -E copy ${CMAKE_CURRENT_SOURCE_DIR}/${file} ${copy}
+      DEPENDS ${file})
+    list(APPEND copies ${copy})
+    install(FILES ${file} DESTINATION ${CMAKE_INSTALL_DATADIR}/${parent})
+  endforeach()
+  add_custom_target(${target} ALL DEPENDS ${copies})
 endfunction()

@@ -1,5 +1,5 @@
 # shellcheck shell=bash disable=SC2034
-# Sourced by run and test: what the build needs of the system, and the build itself.
+# Sourced by run, test and fuzz/run: what the build needs of the system, the build itself, a place for temporary files.
 
 # One line each: a Debian package and what it is for.
 buildPackages='
@@ -25,6 +25,9 @@ chromium opens the report as its readers do
 postgresql runs the SQL scripts and is read as a repository
 python3 runs the example of an add-on in Python
 pkg-config finds the installed headers as an author of add-ons does
+libglib2.0-bin tells the type of a file as desktops do
+dpkg-dev finds what the Debian package needs
+file tells which files of the package are programs
 '
 windowPackages='
 fonts-noto-cjk shows Japanese and Korean
@@ -67,4 +70,16 @@ Build() {
     root=$(dirname "$(dirname "$(realpath "${BASH_SOURCE[0]}")")")
     cmake -S "$root" --preset "$preset"
     cmake --build "$root/build/$preset" ${2+--target "${@:2}"}
+}
+
+# UseTemporaryFolder: a TMPDIR that goes with everything in it when the script ends. It is in memory where there is
+# plenty, for programs that make many small files wait for a disk most of their time.
+UseTemporaryFolder() {
+    local parent=/tmp
+    if [ -w /dev/shm ] && [ "$(df --output=avail /dev/shm | tail -n 1)" -gt 2000000 ]; then parent=/dev/shm; fi
+    TMPDIR=$(mktemp -d "${TMPDIR:-$parent}/tessel-XXXXXX")
+    export TMPDIR
+    trap 'rm -rf "$TMPDIR"' EXIT
+    # A server that root may not run goes through it to a folder of its own.
+    chmod 711 "$TMPDIR"
 }

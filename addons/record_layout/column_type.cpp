@@ -1,5 +1,6 @@
 #include "column_type.h"
 
+#include <algorithm>
 #include <array>
 #include <initializer_list>
 #include <optional>

@@ -1,9 +1,7 @@
 #include "copy_reader.h"
 
 #include <algorithm>
-#include <array>
 
-#include "copy_statement.h"
 #include "line_text.h"
 
 namespace tessel::layout {
@@ -43,9 +41,10 @@ std::string Shown(const Tokens& statement) {
 }  // namespace
 
 Tokens CopyReader::Read(const std::string& path) {
-    const auto content = read_(path);
-    if (!content) throw Complaint(Text::FileUnreadable, {path});
-    return ReadContent(path, *content);
+    std::string content;
+    if (const auto failure = read_(path, content))
+        throw Complaint(Text::FileUnreadable, {path, failure.message()});
+    return ReadContent(path, content);
 }
 
 Tokens CopyReader::ReadContent(const std::string& path, const std::string& content) {
@@ -84,30 +83,25 @@ Tokens CopyReader::Copied(const Tokens& statement, const std::string& path) {
         return Tokens{};
     };
     if (!copy) return refuse(Text::CopyUnclear, Shown(statement));
-    std::string content;
-    const auto found = FindBeside(path, copy->name, content);
-    if (!found) return refuse(Text::CopyNotFound, copy->name);
-    if (std::ranges::find(open_, *found) != open_.end()) return refuse(Text::CopyCycle, copy->name);
+    if (!IsPlainName(copy->name)) return refuse(Text::CopyNotFound, copy->name);
     if (open_.size() >= deepest) return refuse(Text::CopyTooDeep, copy->name);
-    const Tokens tokens = ReadContent(*found, content);
-    if (copy->replacements.empty()) return tokens;
-    CountWork(tokens.size() * copy->replacements.size());
-    Tokens replaced = Replaced(tokens, copy->replacements, mostWords);
-    CountWords(replaced.size());
-    return replaced;
+    for (const auto& candidate : Candidates(copy->name)) {
+        const std::string file = FolderOf(path) + candidate;
+        if (std::ranges::find(open_, file) != open_.end()) return refuse(Text::CopyCycle, copy->name);
+        std::string content;
+        if (!read_(file, content)) return CopiedFrom(file, content, *copy);
+    }
+    return refuse(Text::CopyNotFound, copy->name);
 }
 
-std::optional<std::string> CopyReader::FindBeside(const std::string& path, const std::string& name,
-                                                  std::string& content) const {
-    if (!IsPlainName(name)) return {};
-    for (const auto& candidate : Candidates(name)) {
-        const std::string file = FolderOf(path) + candidate;
-        if (auto found = read_(file)) {
-            content = std::move(*found);
-            return file;
-        }
-    }
-    return {};
+Tokens CopyReader::CopiedFrom(const std::string& path, const std::string& content,
+                              const CopyStatement& copy) {
+    const Tokens tokens = ReadContent(path, content);
+    if (copy.replacements.empty()) return tokens;
+    CountWork(tokens.size() * copy.replacements.size());
+    Tokens replaced = Replaced(tokens, copy.replacements, mostWords);
+    CountWords(replaced.size());
+    return replaced;
 }
 
 void CopyReader::CountBytes(std::size_t count) {

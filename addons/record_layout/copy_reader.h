@@ -2,17 +2,17 @@
 
 #include <cstddef>
 #include <functional>
-#include <optional>
 #include <string>
+#include <system_error>
 #include <vector>
 
-#include "replacing.h"
+#include "copy_statement.h"
 #include "tokens.h"
 
 namespace tessel::layout {
 
-// A file's content; nothing when there is no such file.
-using FileReader = std::function<std::optional<std::string>(const std::string& path)>;
+// Takes a file's content; why it cannot be read, if it cannot.
+using FileReader = std::function<std::error_code(const std::string& path, std::string& content)>;
 
 // Reads a file and, in place of each COPY in it, the file that it names.
 class CopyReader {
@@ -34,8 +34,8 @@ class CopyReader {
     [[nodiscard]] Tokens ReadContent(const std::string& path, const std::string& content);
     [[nodiscard]] Tokens Expanded(const Tokens& tokens, const std::string& path);
     [[nodiscard]] Tokens Copied(const Tokens& statement, const std::string& path);
-    [[nodiscard]] std::optional<std::string> FindBeside(const std::string& path, const std::string& name,
-                                                        std::string& content) const;
+    [[nodiscard]] Tokens CopiedFrom(const std::string& path, const std::string& content,
+                                    const CopyStatement& copy);
     void CountBytes(std::size_t count);
     void CountWords(std::size_t count);
     void CountWork(std::size_t comparisons);

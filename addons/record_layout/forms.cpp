@@ -1,11 +1,8 @@
 #include "forms.h"
 
-#include <algorithm>
-
 #include "host_calls.h"
 #include "report.h"
 #include "tessel/convert.h"
-#include "tokens.h"
 
 namespace tessel::layout {
 
@@ -23,7 +20,7 @@ CollectionPointer Texts(const Pairs& pairs) {
     return collection;
 }
 
-std::string KeyOf(const Table& table) { return "t" + std::to_string(table.tabID); }
+std::string KeyOf(std::int32_t tabID) { return "t" + std::to_string(tabID); }
 
 // Builds a form field by field.
 class FormBuilder {
@@ -59,24 +56,19 @@ class FormBuilder {
     CollectionPointer fields_ = std::make_shared<Collection>();
 };
 
-const Table* FindTable(const std::vector<Table>& tables, const std::string& name) {
-    const auto found =
-        std::ranges::find_if(tables, [&](const Table& table) { return SameWord(table.name, name); });
-    return found == tables.end() ? nullptr : &*found;
-}
-
-void AddTableFields(FormBuilder& form, const std::vector<Table>& tables, const Options& options) {
+void AddTableFields(FormBuilder& form, const std::vector<Table>& tables, const Target& target) {
     Pairs choices{{newTable, form.Say(Text::NewTable)}};
-    for (const auto& table : tables) choices.emplace_back(KeyOf(table), table.name);
-    const Table* chosen = FindTable(tables, options.table);
-    form.AddChoice("table", Text::TableField, chosen ? KeyOf(*chosen) : newTable, choices);
-    form.Add("name", "text", Text::NameField, chosen ? std::string() : options.table);
+    for (const auto& table : tables) choices.emplace_back(KeyOf(table.tabID), table.name);
+    const bool isNew = target.tabID == 0;
+    form.AddChoice("table", Text::TableField, isNew ? newTable : KeyOf(target.tabID), choices);
+    form.Add("name", "text", Text::NameField, isNew ? target.name : std::string());
 }
 
-CollectionPointer OptionsForm(Language language, const std::vector<Table>& tables, const Options& options) {
+CollectionPointer OptionsForm(Language language, const std::vector<Table>& tables, const Options& options,
+                              const Target& target) {
     FormBuilder form(language, "", Text::Preview);
     form.Add("file", "openFile", Text::FileField, options.file)->Add(form.Say(Text::FileFilter), "filter");
-    AddTableFields(form, tables, options);
+    AddTableFields(form, tables, target);
     form.AddChoice("format", Text::FormatField, FormatWord(options),
                    {{"auto", form.Say(Text::FormatAuto)},
                     {"fixed", form.Say(Text::FormatFixed)},
@@ -89,13 +81,10 @@ CollectionPointer OptionsForm(Language language, const std::vector<Table>& table
     return form.Take();
 }
 
-void TakeTarget(const Collection& values, const std::vector<Table>& tables, Options& options,
-                Target& target) {
-    target = {};
+Target TargetIn(const Collection& values, const std::vector<Table>& tables) {
     for (const auto& table : tables)
-        if (KeyOf(table) == ToText(values.At("table"))) target = {table.tabID, table.name};
-    if (target.tabID == 0) target.name = ToText(values.At("name"));
-    options.table = target.name;
+        if (KeyOf(table.tabID) == ToText(values.At("table"))) return {table.tabID, table.name};
+    return {0, ToText(values.At("name"))};
 }
 
 CollectionPointer ColumnRows(const std::vector<NewColumn>& columns, const Layout& layout, Language language) {
@@ -136,9 +125,9 @@ std::vector<Table> ReadTables(VNTWS& workspace) {
 
 bool AskOptions(VNTWS& workspace, Language language, Options& options, Target& target) {
     const std::vector<Table> tables = ReadTables(workspace);
-    const auto values = ShowForm(workspace, OptionsForm(language, tables, options));
+    const auto values = ShowForm(workspace, OptionsForm(language, tables, options, target));
     if (!values) return false;
-    TakeTarget(*values, tables, options, target);
+    target = TargetIn(*values, tables);
     for (const char* name : {"file", "format", "occurs", "redefines"})
         SetOption(options, name, ToText(values->At(name)));
     options.choices.hasPrefix = ToBoolean(values->At("prefix"));
@@ -169,7 +158,7 @@ bool ShowPreview(VNTWS& workspace, Language language, const Target& target,
               "columns");
     list->Add(ColumnRows(columns, layout, language), "rows");
     const auto lines = ReportLines(layout, language);
-    if (!lines.empty()) form.Add("report", "note", Text::NotUsedField, JoinLines(lines));
+    if (!lines.empty()) form.Add("report", "note", Text::RemarksField, JoinLines(lines));
     return ShowForm(workspace, form.Take()) != nullptr;
 }
 

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "shared/progress.h"
 #include "tessel/date_time.h"
 #include "tessel/error.h"
 
@@ -23,30 +24,6 @@ std::string FromFolder(const std::string& file, const fs::path& folder) {
     const fs::path inside = path.lexically_relative(folder);
     return inside.empty() || *inside.begin() == ".." ? path.string() : inside.string();
 }
-
-// The editor's progress display, ended whatever happens.
-class Progress {
-  public:
-    Progress(VNTWS& workspace, const std::string& action, std::int32_t total) : workspace_(workspace) {
-        workspace_.StartProgress(action, total);
-    }
-    ~Progress() {
-        try {
-            workspace_.FinishProgress();
-        } catch (const std::exception&) {  // the import is what counts
-        }
-    }
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
-
-    void Step() {
-        if (++done_ % columnsInAStep == 0) workspace_.FinishStep(columnsInAStep);
-    }
-
-  private:
-    VNTWS& workspace_;
-    std::int32_t done_ = 0;
-};
 
 std::int32_t MakeTable(VNTWS& workspace, const std::string& name, const std::string& origin) {
     std::int32_t tabID = 0;
@@ -79,15 +56,17 @@ std::int32_t ImportColumns(VNTWS& workspace, const Target& target, const std::ve
     const auto require = [&](bool isDone, Text text, const std::string& name) {
         if (!isDone) throw Error(ErrorKind::Constraint, Phrase(language, text, {name}));
     };
-    Progress progress(workspace, Phrase(language, Text::Importing),
-                      static_cast<std::int32_t>(columns.size()));
+    const auto total = static_cast<std::int32_t>(columns.size());
+    tool::Progress progress(workspace, Phrase(language, Text::Importing), total);
     const std::int32_t tabID =
         target.tabID != 0 ? target.tabID : MakeTable(workspace, target.name, origins.Of(recordPlace));
     require(tabID > 0, Text::TableRefused, target.name);
+    std::int32_t done = 0;
     for (const auto& column : columns) {
+        if (done++ % columnsInAStep == 0)
+            progress.Step(column.name, std::min(columnsInAStep, total - done + 1));
         require(ImportColumn(workspace, tabID, column, origins.Of(column.place)), Text::ColumnRefused,
                 column.name);
-        progress.Step();
     }
     return tabID;
 }

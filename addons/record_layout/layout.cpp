@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 
 #include "item_parser.h"
 #include "line_text.h"
 #include "record_tree.h"
+#include "shared/files.h"
 
 namespace tessel::layout {
 
@@ -29,18 +28,9 @@ Layout ReadLayout(const std::string& path, Format format, const FileReader& read
     return layout;
 }
 
-std::optional<std::string> ReadWholeFile(const std::string& path) {
-    std::error_code failure;
-    if (!fs::is_regular_file(path, failure)) return {};
-    std::ifstream file(path, std::ios::binary);
-    std::string content;
-    constexpr std::size_t most =
-        CopyReader::mostMegabytes * 1'000'000 + 1;  // one more tells that it is too large
-    content.resize(std::min<std::uintmax_t>(fs::file_size(path, failure), most));
-    file.read(content.data(), static_cast<std::streamsize>(content.size()));
-    if (!file.is_open() || file.bad()) return {};
-    content.resize(static_cast<std::size_t>(file.gcount()));
-    return content;
+std::error_code ReadWholeFile(const std::string& path, std::string& content) {
+    constexpr std::size_t most = CopyReader::mostMegabytes * 1'000'000;
+    return tool::ReadFile(path, content, most + 1);  // one more tells that it is too large
 }
 
 const Item& ChooseRecord(Layout& layout, const std::string& name) {

@@ -18,8 +18,8 @@ struct Layout {
 // Reads the copybook at `path`. Throws Complaint when it cannot be read or describes no record.
 [[nodiscard]] Layout ReadLayout(const std::string& path, Format format, const FileReader& read);
 
-// A file of the system; nothing when it cannot be read, or is none to be read as a whole.
-[[nodiscard]] std::optional<std::string> ReadWholeFile(const std::string& path);
+// Reads a file of the system, as a FileReader.
+[[nodiscard]] std::error_code ReadWholeFile(const std::string& path, std::string& content);
 
 // The record of this name, or the first one for an empty name; the others get a remark. Throws Complaint when
 // there is no such record.

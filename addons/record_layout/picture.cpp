@@ -1,6 +1,5 @@
 #include "picture.h"
 
-#include <array>
 #include <vector>
 
 #include "line_text.h"

@@ -74,21 +74,28 @@ class ToolRun {
         const auto columns = PrepareColumns(workspace_, target, plan, layout.remarks, language_);
         const auto report = ReportLines(layout, language_);
         if (options_.hasPreview && !ShowPreview(workspace_, language_, target, columns, layout)) return {};
-        WriteReport(HostProperty(frontend_, "ErrorsFile"), report);
         const Origins origins(layout.files, WorkspaceFolder(frontend_));
         workspace_.SetSelectedTabID(
             ImportColumns(workspace_, target, columns, origins, record.place, language_));
         workspace_.RefreshBrowser();
+        LeaveReport(report);
         return Result(target.name, columns.size(), layout.remarks.Count(), report);
     }
 
-    std::string Result(const std::string& table, std::size_t columns, std::size_t unused,
+    // The import counts also without the list of what it did not use.
+    void LeaveReport(const std::vector<std::string>& report) {
+        const std::string file = HostProperty(frontend_, "ErrorsFile");
+        if (const auto failure = WriteReport(file, report))
+            ShowWarning(workspace_, Say(Text::FileNotWritten, {file, failure.message()}));
+    }
+
+    std::string Result(const std::string& table, std::size_t columns, std::size_t remarks,
                        const std::vector<std::string>& report) const {
         std::string result =
             Say(columns == 1 ? Text::ResultOne : Text::Result, {std::to_string(columns), table});
-        if (unused > 0)
-            result += "; " + Say(unused == 1 ? Text::UnusedOne : Text::Unused, {std::to_string(unused)});
-        if (unused > 0 && !options_.hasPreview) result += "\n" + JoinLines(report);
+        if (remarks > 0)
+            result += "; " + Say(remarks == 1 ? Text::RemarksOne : Text::Remarks, {std::to_string(remarks)});
+        if (remarks > 0 && !options_.hasPreview) result += "\n" + JoinLines(report);
         return result;
     }
 
@@ -103,7 +110,7 @@ class ToolRun {
 
 Value RecordLayout::Run(const std::shared_ptr<Object>& frontend, const std::shared_ptr<VNTWS>& workspace,
                         const std::string& parameter) {
-    const Language language = LanguageOf(HostProperty(*frontend, "Language"));
+    const Language language = tool::LanguageOf(HostProperty(*frontend, "Language"));
     try {
         return ToolRun(*frontend, *workspace, language).Do(parameter);
     } catch (const Complaint& complaint) {

@@ -21,8 +21,8 @@ struct Replacement {
     Tokens to;    // at most one word where a part of a word is meant
 };
 
-// The replacement as it was written, `of` worked out for a word that cannot stand alone: "CUST-" begins a
-// word, "-OLD" ends one, ":TAG:" is a mark. Nothing when it cannot be one.
+// Works out `of` for a word that cannot stand alone: "CUST-" begins a word, "-OLD" ends one, ":TAG:" is a
+// mark. False when there can be no such replacement.
 [[nodiscard]] bool MakeReplacement(Replacement& replacement);
 
 // Whole words are replaced once, by the first replacement that fits; parts of the others by each that fits.

@@ -1,34 +1,14 @@
 #include "report.h"
 
-#include <unistd.h>
-
-#include <cerrno>
-#include <cstdio>
 #include <filesystem>
-#include <system_error>
+
+#include "shared/files.h"
 
 namespace tessel::layout {
 
 namespace {
 
 std::string FileName(const std::string& path) { return path.substr(path.rfind('/') + 1); }
-
-// False when that fails, with errno saying why.
-bool WriteNewFile(const std::string& path, const std::string& content) {
-    std::FILE* const file = std::fopen(path.c_str(), "wb");
-    if (!file) return false;
-    const bool isWritten = std::fwrite(content.data(), 1, content.size(), file) == content.size() &&
-                           std::fflush(file) == 0 && fsync(fileno(file)) == 0;
-    return std::fclose(file) == 0 && isWritten;
-}
-
-void ReplaceFile(const std::string& path, const std::string& content) {
-    const std::string written = path + ".new-" + std::to_string(getpid());
-    if (WriteNewFile(written, content) && std::rename(written.c_str(), path.c_str()) == 0) return;
-    const int cause = errno;
-    unlink(written.c_str());
-    throw Complaint(Text::FileNotWritten, {path, std::generic_category().message(cause)});
-}
 
 }  // namespace
 
@@ -49,14 +29,12 @@ std::string JoinLines(const std::vector<std::string>& lines) {
     return joined;
 }
 
-void WriteReport(const std::string& path, const std::vector<std::string>& lines) {
-    if (path.empty()) return;
-    if (lines.empty()) {
-        std::error_code failure;
-        std::filesystem::remove(path, failure);
-    } else {
-        ReplaceFile(path, JoinLines(lines) + "\n");
-    }
+std::error_code WriteReport(const std::string& path, const std::vector<std::string>& lines) {
+    std::error_code failure;
+    if (path.empty()) return failure;
+    if (!lines.empty()) return tool::ReplaceFile(path, JoinLines(lines) + "\n");
+    std::filesystem::remove(path, failure);
+    return failure;
 }
 
 }  // namespace tessel::layout

@@ -1,17 +1,10 @@
 #include "texts.h"
 
-#include <array>
-
 namespace tessel::layout {
 
 namespace {
 
-struct Row {
-    Text text;
-    std::array<const char*, 3> phrases;  // in the order of Language
-};
-
-constexpr std::array<Row, static_cast<std::size_t>(Text::Count)> rows{{
+constexpr tool::TextTable<Text, static_cast<std::size_t>(Text::Count)> texts{{
     {Text::NotUtf8,
      {"the file is not UTF-8; its other bytes are read as Latin-1",
       "ファイルが UTF-8 ではないため、残りのバイトを Latin-1 として読みました",
@@ -141,19 +134,20 @@ constexpr std::array<Row, static_cast<std::size_t>(Text::Count)> rows{{
     {Text::HeadPicture, {"Picture", "PICTURE", "PICTURE"}},
     {Text::HeadLine, {"Line", "行", "줄"}},
     {Text::MoreColumns, {"and %1 more", "ほか %1 列", "그 밖에 %1열"}},
-    {Text::NotUsedField, {"Not &used:", "使わない行(&U):", "사용하지 않는 줄(&U):"}},
+    {Text::RemarksField, {"Re&marks:", "注意(&M):", "참고 사항(&M):"}},
     {Text::Import, {"Import", "取り込み", "가져오기"}},
 
     {Text::Result, {"%1 columns into %2", "%1 列を %2 へ", "%1개의 열을 %2(으)로"}},
     {Text::ResultOne, {"%1 column into %2", "%1 列を %2 へ", "%1개의 열을 %2(으)로"}},
-    {Text::Unused, {"%1 lines not used", "使わない行 %1", "사용하지 않은 줄 %1"}},
-    {Text::UnusedOne, {"%1 line not used", "使わない行 %1", "사용하지 않은 줄 %1"}},
+    {Text::Remarks, {"%1 remarks", "注意 %1 件", "참고 사항 %1건"}},
+    {Text::RemarksOne, {"%1 remark", "注意 %1 件", "참고 사항 %1건"}},
     {Text::NothingImported,
      {"Nothing was imported.", "何も取り込みませんでした。", "아무것도 가져오지 않았습니다."}},
     {Text::Importing, {"Importing columns", "列を取り込み中", "열을 가져오는 중"}},
 
     {Text::FileUnreadable,
-     {"The file %1 cannot be read.", "ファイル %1 を読めません。", "파일 %1을(를) 읽을 수 없습니다."}},
+     {"The file %1 cannot be read: %2.", "ファイル %1 を読めません: %2。",
+      "파일 %1을(를) 읽을 수 없습니다: %2."}},
     {Text::FileNotWritten,
      {"%1 cannot be written: %2.", "%1 に書き込めません: %2。", "%1에 쓸 수 없습니다: %2."}},
     {Text::NoTextFile,
@@ -194,36 +188,12 @@ constexpr std::array<Row, static_cast<std::size_t>(Text::Count)> rows{{
       "스키마에 %1을(를) 위한 SQL 형식이 없습니다."}},
 }};
 
-constexpr bool StandInOrder() {
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        if (rows[i].text != static_cast<Text>(i)) return false;
-    return true;
-}
-static_assert(StandInOrder());
+static_assert(tool::StandInOrder(texts));
 
 }  // namespace
 
-Language LanguageOf(std::string_view code) {
-    if (code == "ja") return Language::Japanese;
-    return code == "ko" ? Language::Korean : Language::English;
-}
-
 std::string Phrase(Language language, Text text, const std::vector<std::string>& details) {
-    const std::string_view phrase =
-        rows[static_cast<std::size_t>(text)].phrases[static_cast<std::size_t>(language)];
-    std::string filled;
-    for (std::size_t i = 0; i < phrase.size(); ++i) {
-        const std::size_t detail = phrase[i] == '%' && i + 1 < phrase.size()
-                                       ? static_cast<std::size_t>(phrase[i + 1] - '1')
-                                       : details.size();
-        if (detail >= details.size()) {
-            filled += phrase[i];
-            continue;
-        }
-        filled += details[detail];
-        ++i;
-    }
-    return filled;
+    return tool::Said(texts, language, text, details);
 }
 
 }  // namespace tessel::layout

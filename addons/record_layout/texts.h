@@ -1,15 +1,13 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
+
+#include "shared/language.h"
 
 namespace tessel::layout {
 
-enum class Language { English, Japanese, Korean };
-
-// English for a code that is none of "en", "ja" and "ko".
-[[nodiscard]] Language LanguageOf(std::string_view code);
+using tool::Language;
 
 // Everything that a person reads.
 enum class Text {
@@ -91,13 +89,13 @@ enum class Text {
     HeadPicture,
     HeadLine,
     MoreColumns,
-    NotUsedField,
+    RemarksField,
     Import,
     // What came of it.
     Result,
     ResultOne,
-    Unused,
-    UnusedOne,
+    Remarks,
+    RemarksOne,
     NothingImported,
     Importing,
     // Why it cannot be done.

@@ -1,6 +1,7 @@
 #include "sql_script/literal.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -56,20 +57,32 @@ std::optional<double> NumberIn(const std::string& text) {
     }
 }
 
+bool IsTypedWhole(const std::string& text) { return text.find_first_of(".eE") == std::string::npos; }
+
 // A fraction is rounded to the even neighbour, as the editor takes it.
-Literal WholeLiteral(const Dialect& dialect, const std::string& typeName, const std::string& text) {
+std::optional<std::int64_t> WholeNumberIn(const std::string& text) {
     const auto number = NumberIn(text);
     if (!number) return {};
-    const double least[] = {-1.0 - dialect.tinyintLimit, -32768.0, -2147483648.0, -0x1p63};
+    if (!IsTypedWhole(text)) {
+        const double rounded = std::nearbyint(*number);
+        if (rounded < -0x1p63 || rounded >= 0x1p63) return {};
+        return static_cast<std::int64_t>(rounded);
+    }
+    // A double does not hold every BIGINT.
+    std::int64_t whole = 0;
+    const char* const begin = text.data() + (text.front() == '+' ? 1 : 0);
+    const auto read = std::from_chars(begin, text.data() + text.size(), whole);
+    return read.ec == std::errc() ? std::optional(whole) : std::nullopt;
+}
+
+Literal WholeLiteral(const Dialect& dialect, const std::string& typeName, const std::string& text) {
+    const auto number = WholeNumberIn(text);
+    if (!number) return {};
+    const std::int64_t most[] = {dialect.tinyintLimit, 32767, 2147483647, INT64_MAX};
     static constexpr std::string_view names[] = {"TINYINT", "SMALLINT", "INTEGER", "BIGINT"};
     for (std::size_t i = 0; i < std::size(names); ++i)
-        if (UpperAscii(typeName) == names[i]) {
-            const double rounded = std::nearbyint(*number);
-            if (rounded < least[i] || rounded >= -least[i]) return {};
-            // A number that is whole stays as it is typed: a double does not hold every BIGINT.
-            if (text.find_first_of(".eE") == std::string::npos) return text;
-            return std::to_string(static_cast<std::int64_t>(rounded));
-        }
+        if (UpperAscii(typeName) == names[i] && *number <= most[i] && *number >= -most[i] - 1)
+            return IsTypedWhole(text) ? text : std::to_string(*number);
     return {};
 }
 

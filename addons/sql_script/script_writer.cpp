@@ -1,6 +1,5 @@
 #include "sql_script/script_writer.h"
 
-#include <algorithm>
 #include <ranges>
 
 #include "sql_script/literal.h"

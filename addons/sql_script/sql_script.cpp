@@ -1,15 +1,15 @@
 #include "sql_script/sql_script.h"
 
 #include <filesystem>
-#include <fstream>
 
-#include "sql_script/files.h"
+#include "shared/files.h"
+#include "shared/progress.h"
 #include "sql_script/parameters.h"
 #include "sql_script/planner.h"
-#include "sql_script/progress.h"
 #include "sql_script/schema_reader.h"
 #include "sql_script/text_tools.h"
 #include "tessel/convert.h"
+#include "tessel/error.h"
 
 namespace tessel::sql_script {
 
@@ -19,6 +19,12 @@ constexpr std::int32_t workspaceFolder = 4;
 constexpr std::int32_t projectName = 7;
 constexpr std::int32_t shareFolder = 13;
 constexpr std::size_t mostRemarksShown = 10;
+
+// The script cannot be written.
+class WriteError : public Error {
+  public:
+    using Error::Error;
+};
 
 using Fields = std::shared_ptr<Collection>;
 
@@ -32,7 +38,7 @@ Fields Made(std::initializer_list<std::pair<const char*, Value>> items) {
 class Task {
   public:
     Task(Object& frontend, VNTWS& workspace)
-        : frontend_(frontend), workspace_(workspace), language_(LanguageOf(Get("Language"))) {}
+        : frontend_(frontend), workspace_(workspace), language_(tool::LanguageOf(Get("Language"))) {}
 
     Value Run(const std::string& parameter) {
         Parameters parameters = ReadParameters(parameter, language_);
@@ -55,6 +61,11 @@ class Task {
     }
     [[nodiscard]] std::string Said(Text text, const std::vector<std::string>& parameters = {}) const {
         return Say(language_, text, parameters);
+    }
+
+    // Why the file cannot be read or written.
+    [[nodiscard]] std::string Failed(Text text, const std::string& file, std::error_code failure) const {
+        return Said(text, {file, failure.message()});
     }
 
     // A file that cannot be written goes back to the form.
@@ -135,7 +146,7 @@ class Task {
 
     ServerSchema Write(const Parameters& parameters) {
         constexpr std::int32_t half = 50;
-        Progress progress(workspace_, Said(Text::Progress), 2 * half);
+        tool::Progress progress(workspace_, Said(Text::Progress), 2 * half);
         progress.Step(Said(Text::Reading), half);
         Schema schema = ReadSchema(*workspace_.ProjectDB());
         schema.name = Name(projectName);
@@ -149,16 +160,23 @@ class Task {
                           static_cast<std::int32_t>(reached - shown));
             shown = reached;
         };
-        ReplaceFile(parameters.file, WriteScript(*parameters.dialect, planned, parameters.options, show),
-                    language_);
+        const std::string script = WriteScript(*parameters.dialect, planned, parameters.options, show);
+        if (const auto failure = tool::ReplaceFile(parameters.file, script))
+            throw WriteError(ErrorKind::File, Failed(Text::CannotWrite, parameters.file, failure));
         return planned;
     }
 
     // The workspace's own table of types goes before the installation's.
     TypeTable Types(const Dialect& dialect) {
         std::string file = Name(workspaceFolder) + "/Options/sql_types.txt";
-        if (!std::filesystem::exists(file)) file = Name(shareFolder) + "/addons/sql_types.txt";
-        return {ReadFile(file, language_), file, dialect, language_};
+        std::string content;
+        auto failure = tool::ReadFile(file, content);
+        if (failure == std::errc::no_such_file_or_directory) {
+            file = Name(shareFolder) + "/addons/sql_types.txt";
+            failure = tool::ReadFile(file, content);
+        }
+        if (failure) throw Error(ErrorKind::File, Failed(Text::CannotRead, file, failure));
+        return {content, file, dialect, language_};
     }
 
     [[nodiscard]] std::string Summary(const ServerSchema& planned, const std::string& file) const {
@@ -169,7 +187,8 @@ class Task {
         return Said(Text::Summary, {counts, file});
     }
 
-    // All of them in the list of complaints, the first ones in a message.
+    // All of them in the list of complaints, the first ones in a message. The script is there also without
+    // the list.
     void TellRemarks(const ServerSchema& planned, const std::string& summary, bool tellsSuccess) {
         const auto remarks = RemarksOf(planned);
         if (remarks.empty()) {
@@ -185,7 +204,9 @@ class Task {
         }
         if (remarks.size() > mostRemarksShown)
             shown += "\n" + Said(Text::MoreRemarks, {std::to_string(remarks.size() - mostRemarksShown)});
-        if (const std::string file = Get("ErrorsFile"); !file.empty()) ReplaceFile(file, all, language_);
+        if (const std::string file = Get("ErrorsFile"); !file.empty())
+            if (const auto failure = tool::ReplaceFile(file, all))
+                shown += "\n" + Failed(Text::CannotWrite, file, failure);
         (void)Tell(shown, "warning");
     }
 

@@ -1,6 +1,7 @@
 #include "sql_script/text_tools.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace tessel::sql_script {
 

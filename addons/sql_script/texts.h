@@ -1,15 +1,13 @@
 #pragma once
 
 #include <string>
-#include <string_view>
 #include <vector>
+
+#include "shared/language.h"
 
 namespace tessel::sql_script {
 
-enum class Language { English, Japanese, Korean };
-
-// The language of a code such as "ja"; English for any other.
-[[nodiscard]] Language LanguageOf(std::string_view code);
+using tool::Language;
 
 // Everything that the tool says to people.
 enum class Text {

@@ -140,7 +140,8 @@ void LookAtTable(PropertiesList& list, const PropertiesList::Table& table) {
         list.MarkUserTabChange();
         Succeeds([&] { list.ChangeTab(tab); });
         Succeeds([&] { list.Fill(table); });
-        (void)list.ColumnWidths([](const std::string& text) { return static_cast<int>(text.size()); });
+        (void)list.ColumnWidths(list.Rows(),
+                                [](const std::string& text) { return static_cast<int>(text.size()); });
         for (std::size_t row = 0; row < list.Rows().size() && row < mostLooks; ++row) LookAtRow(list, row);
     }
 }

@@ -27,11 +27,13 @@ class Library {
             files_[std::string("/lib/") + name + ".CPY"] = NextToken(text, '\f');
     }
 
-    std::optional<std::string> operator()(const std::string& path) const {
+    std::error_code operator()(const std::string& path, std::string& content) const {
         Require(path.starts_with("/lib/") && path.find('/', 5) == std::string::npos,
                 "A copybook is looked for at " + path);
         const auto file = files_.find(path);
-        return file == files_.end() ? std::nullopt : std::optional(file->second);
+        if (file == files_.end()) return std::make_error_code(std::errc::no_such_file_or_directory);
+        content = file->second;
+        return {};
     }
 
   private:

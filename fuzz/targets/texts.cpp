@@ -1,12 +1,13 @@
 // The small text forms, each by the first letter of the first line: t a texts file, h a list of help pages, l
 // an activity log, o an origin reference (the rest of the line) with the source text behind it, c conversions
-// of values, i the identifier rule. Any of them is read or refused, and an origin never shows a file outside
-// the workspace.
+// of values, y a table of types of SQL scripts, i the identifier rule. Any of them is read or refused, and an
+// origin never shows a file outside the workspace.
 
 #include "fuzz/input.h"
 #include "platform/text/utf8.h"
 #include "schema/sql_text.h"
 #include "schema/workspace.h"
+#include "sql_script/type_table.h"
 #include "support/temporary_folder.h"
 #include "tessel/convert.h"
 #include "ui/rules/help_contents.h"
@@ -96,6 +97,22 @@ void Convert(const std::string& text) {
     Require(!text::IsValidUtf8(text) || text::Encode(text::Decode(text)) == text, "Characters change.");
 }
 
+void ReadTypes(const std::string& content) {
+    for (const auto& dialect : sql_script::Dialects()) {
+        Succeeds([&] {
+            const sql_script::TypeTable table(content, "types", dialect, sql_script::Language::English);
+            sql_script::Column column;
+            column.typeName = "DECIMAL";
+            for (column.precision = 0; column.precision < 10; ++column.precision) {
+                column.scale = column.precision / 2;
+                Require(
+                    (table.OtherType() + table.TypeFor(column).value_or("")).find('{') == std::string::npos,
+                    "A mark is left in a type.");
+            }
+        });
+    }
+}
+
 void FormIdentifier(Surroundings& place, const std::string& text) {
     Value caret = std::int32_t{3};
     const auto workspace = WorkspaceOf(place.state);
@@ -122,6 +139,8 @@ void Read(Surroundings& place, Input& input) {
             return ReadOrigins(place, line.substr(1), rest);
         case 'c':
             return Convert(rest);
+        case 'y':
+            return ReadTypes(rest);
         default:
             return FormIdentifier(place, rest);
     }

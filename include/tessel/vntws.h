@@ -81,11 +81,15 @@ class VNTWS : public Object {
                           const DateTime& created, const Value& createdVia, const Value& cvrl) = 0;
     // Asks the user for the name, tells them what is wrong with it, and adds the table.
     virtual bool TableAddVerbally(std::string& tableName, std::int32_t& tableId) = 0;
-    // Drops the table with its columns, indexes and keys and the keys that refer to it. Database errors are
-    // thrown.
+    // Drops the table with its columns, indexes and keys and the keys that refer to it. The column lists of
+    // its indexes stay, and the column pairs of those that referred to it. Database errors are thrown.
     virtual bool TableDrop(std::int32_t tableId) = 0;
-    // Asks the user first, naming the tables that refer to it.
+    // Asks the user first, naming the tables that refer to it. False when the user declines, or is told that
+    // it cannot be dropped.
     virtual bool DropTableVerbally(std::int32_t tableId, const std::string& tableName) = 0;
+    // An empty `storageOption` or `comment` empties its field, as Null does; so does Null for
+    // `primaryIndexID`, which is not looked up. False when there is no such table, or the name is refused or
+    // in use.
     virtual bool TableUpdate(std::int32_t tableId, const Value& tableName, const Value& storageOption,
                              const Value& comment, const Value& primaryIndexID) = 0;
 
@@ -100,7 +104,7 @@ class VNTWS : public Object {
                            const Value& cvrl, std::int32_t afterID, std::int32_t& columnId) = 0;
     // Adds a nullable column at the end from a field description whose type GetCompatibleType worked out:
     // `sqlScale` holds the precision and `sqlPrec` the scale. Returns the new ColumnID; -1 when the name is
-    // refused.
+    // refused. When the database fails, 0 or an identifier that no row has.
     virtual std::int32_t ColumnImport(std::int32_t tabID, const std::string& fieldName, std::int32_t sqlType,
                                       std::int32_t sqlScale, std::int32_t sqlPrec, const Value& created,
                                       const Value& createdVia, const Value& cvrl,
@@ -109,14 +113,18 @@ class VNTWS : public Object {
     // free name. Returns the new ColumnID, or -1.
     virtual std::int32_t ColumnCopy(std::int32_t sourceColumnID, std::int32_t destTabID,
                                     std::int32_t destAfterID) = 0;
-    // Drops the column and its places in indexes and keys.
+    // Drops the column and its places in indexes and keys; true also when there is no such column.
     virtual bool ColumnDrop(std::int32_t columnId) = 0;
+    // An empty `comment` empties its field, as Null does; `defaultValue` is stored as it is passed. A
+    // `precision` or `scl` of -1 leaves its field as it is, and where a passed `typeID` takes none, it
+    // becomes 0. False when there is no such column, or the name is refused or in use.
     virtual bool ColumnUpdate(std::int32_t columnId, const Value& columnName, const Value& typeID,
                               const Value& precision, const Value& scl, const Value& isNullable,
                               const Value& comment, const Value& defaultValue) = 0;
     // The type for a record field of `length` and `fraction` digits or of the picture `picture`; `usage` is
     // not consulted. `sqlScale` hands back the precision, `sqlPrec` the scale. A `sqlType` that is not 0 is
-    // kept.
+    // kept, and the picture passed over. False, with all three as they were, when there is no picture to tell
+    // the type by, or no length for a type that needs one.
     virtual bool GetCompatibleType(std::int32_t length, std::int32_t fraction, const std::string& picture,
                                    const std::string& usage, std::int32_t& sqlType, std::int32_t& sqlScale,
                                    std::int32_t& sqlPrec) = 0;
@@ -128,17 +136,25 @@ class VNTWS : public Object {
     // Whether the index holds exactly the columns in `columnIDs` (built as PrimaryKeyColumns builds it), in
     // any order.
     [[nodiscard]] virtual bool IndexMatch(std::int32_t indexID, const Collection& columnIDs) = 0;
-    // Adds a key from `tableId` to `refTableId` with the delete rule "R" and no columns.
+    // Adds a key from `tableId` to `refTableId` with the delete rule "R" and no columns. False when the name
+    // is refused; two keys may bear the same.
     virtual bool ForeignAdd(std::int32_t tableId, std::int32_t refTableId, const std::string& keyName,
                             std::int32_t& keyID) = 0;
+    // `howDelete` is "R" (restrict) or "C" (cascade), in either case, or Null; Null empties `cvrl`. False
+    // when there is no such key, or the name or the delete rule is refused.
     virtual bool ForeignUpdate(std::int32_t keyID, const Value& keyName, const Value& howDelete,
                                const Value& cvrl) = 0;
+    // Drops the key with its column pairs. False when there is no such key.
     virtual bool ForeignDrop(std::int32_t keyID) = 0;
-    // Adds an index without columns that is not unique.
+    // Adds an index without columns that is not unique. False when the name is refused; two may bear the
+    // same.
     virtual bool IndexAdd(std::int32_t tableId, const std::string& indexName, std::int32_t& indexID) = 0;
+    // `comment` is stored as it is passed, also when it is empty. False when there is no such index, or the
+    // name is refused.
     virtual bool IndexUpdate(std::int32_t indexID, const Value& indexName, const Value& unique,
                              const Value& comment) = 0;
-    // Drops the index; a table whose primary index it was goes on naming it.
+    // Drops the index; a table whose primary index it was goes on naming it. False when there is no such
+    // index.
     virtual bool IndexDrop(std::int32_t indexID) = 0;
 
     // Reads the database afresh and shows it.

@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "tessel/convert.h"
+#include "platform/component/member_table.h"
 
 namespace tessel {
 
@@ -11,20 +11,14 @@ namespace {
 // What a value is as a C++ type of the workspace's members.
 template <typename T>
 T As(const Value& value) {
-    if constexpr (std::is_same_v<T, std::string>)
-        return ToText(value);
-    else if constexpr (std::is_same_v<T, bool>)
-        return ToBoolean(value);
-    else if constexpr (std::is_same_v<T, std::int16_t>)
-        return ToInt16(value);
-    else if constexpr (std::is_same_v<T, std::int32_t>)
-        return ToInt32(value);
-    else if constexpr (std::is_same_v<T, Value>)
+    if constexpr (std::is_same_v<T, Value>) {
         return value;
-    else if (const auto* given = value.As<T>())
-        return *given;
-    else
-        return {};
+    } else if constexpr (requires { typename T::element_type; }) {
+        const auto* pointer = value.As<T>();
+        return pointer ? *pointer : nullptr;
+    } else {
+        return members::FromValue<T>(value);
+    }
 }
 
 // A combo box and a collection stay the caller's.

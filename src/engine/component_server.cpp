@@ -1,15 +1,14 @@
 #include <atomic>
+#include <utility>
 
 #include "engine/classes.h"
+#include "platform/component/answer.h"
 #include "platform/component/class_registry.h"
-#include "tessel/error.h"
 
 namespace {
 
 using tessel::Object;
-
-constexpr int succeeded = 0;
-constexpr int failed = 1;
+using tessel::component::Answer;
 
 // The process's one instance of the component.
 tessel::ComponentState& Component() {
@@ -42,16 +41,6 @@ class CountingTable : public tessel::ClassTable {
     ClassTable& classes_;
 };
 
-template <typename Action>
-int Answer(Action&& action) {
-    try {
-        action();
-        return succeeded;
-    } catch (const std::exception&) {
-        return failed;
-    }
-}
-
 }  // namespace
 
 int TesselRegisterServer(tessel::ClassTable* classes) {
@@ -74,4 +63,6 @@ int TesselGetClassObject(const char* progId, std::shared_ptr<Object>* object) {
     });
 }
 
-int TesselCanUnloadNow() { return liveObjects == 0 && !Component().window ? succeeded : failed; }
+int TesselCanUnloadNow() {
+    return liveObjects == 0 && !Component().window ? tessel::component::succeeded : tessel::component::failed;
+}

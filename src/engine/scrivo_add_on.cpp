@@ -33,7 +33,8 @@ std::int32_t ScrivoAddOn::Run(const std::shared_ptr<host::Frontend>& anCVWS,
     state_.databaseFilename = anCVWS->GetCorvaneName(host::name_item::workspaceFolder) + "\\" +
                               NullToText(schemas.front()->Attribute("Source"));
     if (!files::FileExists(state_.databaseFilename)) return noFile;
-    if (!OpenDatabase()) return refuse(state_.texts->Format(540, {"\r\n" + state_.databaseFilename}));
+    if (!OpenDatabase())
+        return refuse(state_.texts->Format(540, {"\r\n" + files::NativePath(state_.databaseFilename)}));
     state_.sqlTypes.LoadSqlTypes(state_.Database());
     CreateReport(anCV3, optionsRoot, anCV3);
     host_.reset();

@@ -4,6 +4,7 @@
 #include "engine/queued_questions.h"
 #include "engine/services.h"
 #include "platform/component/member_table.h"
+#include "platform/db/journal.h"
 #include "platform/files/file_service.h"
 #include "schema/sql_text.h"
 #include "verify/db_check.h"
@@ -38,18 +39,6 @@ std::shared_ptr<host::RepositoryObject> MakeSchemaObject(host::Frontend& fronten
     object->EndChange();
     project.AddRelation("IncludesDBSchema", *object);
     return object;
-}
-
-// A journal with changes in it belongs to the database that it stands beside; a new database must not get
-// them.
-void RefuseOrphanedJournal(const std::string& databaseFilename) {
-    constexpr std::string_view liveJournal = "\xd9\xd5\x05\xf9\x20\xa1\x63\xd7";
-    const std::string journal = databaseFilename + "-journal";
-    if (files::FileExists(journal) && files::ReadFile(journal).starts_with(liveJournal))
-        throw Error(ErrorKind::File,
-                    files::NativePath(journal) +
-                        " holds changes of a database that is not there. Put the database back, or "
-                        "move the journal away to start with an empty schema.");
 }
 
 // Why the database does not open, in the user's language.
@@ -116,7 +105,7 @@ void TesselEngine::SetPaths() {
 }
 
 void TesselEngine::MakeDatabase() {
-    RefuseOrphanedJournal(state_.databaseFilename);
+    db::RefuseOrphanedJournal(state_.databaseFilename);
     if (!files::FolderExists(state_.schemaFolder)) files::CreateFolder(state_.schemaFolder);
     const std::string templates = state_.frontend->GetCorvaneName(host::name_item::templates);
     // Of programs that start at once the first places the database, and all open it.
@@ -129,7 +118,8 @@ bool TesselEngine::OpenDatabase() {
         state_.database = db::Database::Open(files::NativePath(state_.databaseFilename));
         return true;
     } catch (const db::DatabaseError& error) {
-        state_.questions->Show({.text = state_.texts->Format(516, {"\r\n" + state_.databaseFilename}),
+        const std::string path = files::NativePath(state_.databaseFilename);
+        state_.questions->Show({.text = state_.texts->Format(516, {"\r\n" + path}),
                                 .title = state_.Title(),
                                 .detail = Reason(*state_.texts, error)});
         return false;

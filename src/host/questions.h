@@ -46,7 +46,7 @@ struct FormField {
     std::string key;
     Kind kind = Kind::Text;
     std::string caption{};
-    Value value{};                                               // at first
+    Value value{};                                               // at first; one that the field can hold
     std::vector<std::pair<std::string, std::string>> choices{};  // each a value and its caption
     std::string filter{};                                        // of files: "SQL scripts (*.sql)"
     std::vector<std::string> columns{};                          // of a list: its captions
@@ -58,6 +58,7 @@ struct Form {
     std::string text{};       // above the fields; may be empty
     std::string okCaption{};  // empty: the usual one
     std::vector<FormField> fields{};
+    int helpContext = 0;
 };
 
 class Questions {

@@ -52,6 +52,8 @@ void modImportDBSchema::Run(ImportOutcome& outcome) {
     tableOfObject_.clear();
     matched_.clear();
     const auto repository = db::Database::Open(RepositoryFilename());
+    // Before the objects are looked at, so that they are no newer than the tables that are copied.
+    const db::Transaction reading(*repository, db::TransactionFor::Reading);
     Match(*repository, outcome);
     RunKept(*repository, outcome);
 }
@@ -148,12 +150,18 @@ bool modImportDBSchema::IsTableOutdated(const std::string& repObjId, const Value
 void modImportDBSchema::Drop(ImportOutcome& outcome) {
     const auto linked = LinkedTables();
     db::Transaction drop(state_.Database());
-    // TableDrop looks through the column pairs of all keys for those of its table; thousands of drops are
-    // quick only when the pairs are gone before.
-    for (const auto& table : linked)
+    // TableDrop leaves the parts of indexes, and of the keys that refer to the table. It looks through the
+    // column pairs of all keys for those of its table; thousands of drops are quick only when the pairs are
+    // gone before.
+    for (const auto& table : linked) {
+        const std::string identifier = std::to_string(table.tabID);
         state_.Database().Execute(
-            "delete from ForeignKeyColumns where ColumnID in (select ColumnID from Columns where TabID = " +
-            std::to_string(table.tabID) + ")");
+            "delete from ForeignKeyColumns where KeyID in (select KeyID from ForeignKeys where TabID = " +
+            identifier + " or RefTabId = " + identifier + ")");
+        state_.Database().Execute(
+            "delete from IndexColumns where IndexID in (select IndexID from Indices where TabID = " +
+            identifier + ")");
+    }
     std::vector<std::string> dropped;
     for (const auto& table : linked)
         if (WorkspaceOf(state_)->TableDrop(table.tabID)) dropped.push_back(table.name);

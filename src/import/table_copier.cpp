@@ -24,6 +24,10 @@ void SetOrigin(db::TableSet& target, const Value& origin) {
     if (!origin.IsMissing()) target.Set("CVRL", origin);
 }
 
+[[noreturn]] void ThrowUnstored(const std::string& what) {
+    throw Error(ErrorKind::Io, "The database did not store " + what + ".");
+}
+
 std::string With(const std::string& sql, std::int32_t identifier) { return sql + std::to_string(identifier); }
 
 }  // namespace
@@ -42,7 +46,9 @@ bool TableCopier::CopyTable(const db::TableSet& source, const host::RepositoryOb
         outcome_.renamed.push_back({ToText(source.Get("TableName")), name});
     outcome_.added.push_back(name);
     newTables_[sourceID] = tabID;
-    workspace_.TableUpdate(tabID, Missing{}, source.Get("StorageOption"), source.Get("Comments"), Missing{});
+    if (!workspace_.TableUpdate(tabID, Missing{}, source.Get("StorageOption"), source.Get("Comments"),
+                                Missing{}))
+        ThrowUnstored("the storage option and the comment of " + name);
     CopyColumns(sourceID, {tabID, name});
     CopyIndexes(sourceID, {tabID, name}, source.Get("PrimaryIndexID"));
     return true;
@@ -93,7 +99,8 @@ void TableCopier::CopyIndex(const db::Query& index, const NewTable& target, bool
     SetOrigin(row, OriginOf(index));
     const std::int32_t indexID = ToInt32(row.Get("IndexID"));
     row.Save();
-    if (isPrimary) workspace_.TableUpdate(target.tabID, Missing{}, Missing{}, Missing{}, indexID);
+    if (isPrimary && !workspace_.TableUpdate(target.tabID, Missing{}, Missing{}, Missing{}, indexID))
+        ThrowUnstored("the primary index of " + target.name);
     AddIndexColumns(indexID, *columns);
     copy.Commit();
 }
@@ -147,7 +154,8 @@ void TableCopier::CopyForeignKey(const db::Query& key, std::int32_t table, std::
         outcome_.leftOut.push_back({key.Text("KeyName"), "a foreign key cannot bear this name here"});
         return;
     }
-    workspace_.ForeignUpdate(keyID, Missing{}, key["HowDelete"], OriginOf(key));
+    if (!workspace_.ForeignUpdate(keyID, Missing{}, key["HowDelete"], OriginOf(key)))
+        outcome_.leftOut.push_back({key.Text("KeyName"), "its delete rule is refused"});
     AddForeignKeyColumns(keyID, *pairs);
     copy.Commit();
 }

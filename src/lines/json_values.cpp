@@ -1,6 +1,5 @@
 #include "lines/json_values.h"
 
-#include <limits>
 #include <utility>
 
 #include "lines/list_combo.h"
@@ -10,11 +9,20 @@ namespace tessel {
 
 namespace {
 
-// The only item of the object, when its key is `key`.
-const Json* OnlyItem(const Json& json, const char* key) {
-    if (json.size() != 1) return nullptr;
-    const auto item = json.find(key);
-    return item == json.end() ? nullptr : &*item;
+bool IsMissing(const Json& json) {
+    const Json* missing = OnlyItem(json, "missing");
+    return missing && *missing == true;
+}
+
+// The collection that is marked as one, for its keys do not show it.
+const Json* MarkedCollection(const Json& json) {
+    const Json* marked = OnlyItem(json, "collection");
+    return marked && marked->is_object() ? marked : nullptr;
+}
+
+bool NeedsMark(const Json& collection) {
+    return IsMissing(collection) || MarkedCollection(collection) || OnlyItem(collection, "date") ||
+           OnlyItem(collection, "combo") || collection.contains("handle");
 }
 
 Value NumberFrom(const Json& json) {
@@ -33,12 +41,14 @@ Value DateFrom(const Json& json) {
 }
 
 Value ObjectFrom(const Json& json, ObjectsInLines& objects) {
-    if (const Json* missing = OnlyItem(json, "missing"); missing && *missing == true) return Missing{};
+    if (IsMissing(json)) return Missing{};
     if (const Json* date = OnlyItem(json, "date")) return DateFrom(*date);
     if (OnlyItem(json, "combo")) return std::shared_ptr<Object>(std::make_shared<ListCombo>());
     if (json.contains("handle")) return objects.FromJson(json);
+    const Json* marked = MarkedCollection(json);
+    const Json& items = marked ? *marked : json;
     auto collection = std::make_shared<Collection>();
-    for (const auto& [key, item] : json.items()) collection->Add(FromJson(item, objects), key);
+    for (const auto& [key, item] : items.items()) collection->Add(FromJson(item, objects), key);
     return collection;
 }
 
@@ -58,6 +68,7 @@ Json CollectionJson(const std::shared_ptr<Collection>& collection, ObjectsInLine
     Json items = Json::object();
     if (collection)
         for (const auto& [key, value] : *collection) items[key] = ToJson(value, objects);
+    if (NeedsMark(items)) return {{"collection", std::move(items)}};
     return items;
 }
 
@@ -79,6 +90,12 @@ void RefuseDeepNesting(std::string_view text) {
 }
 
 }  // namespace
+
+const Json* OnlyItem(const Json& json, const char* key) {
+    if (json.size() != 1) return nullptr;
+    const auto item = json.find(key);
+    return item == json.end() ? nullptr : &*item;
+}
 
 Value FromJson(const Json& json, ObjectsInLines& objects) {
     switch (json.type()) {

@@ -30,10 +30,14 @@ class ObjectsInLines {
 //                                              {"combo":{"items":[{"text":"A","data":1}],"selected":0}}
 //   {"handle":1}                               an object, as `objects` knows it
 //   any other object                           a keyed collection, in its order
+//   {"collection":{...}}                       one whose keys would make it one of those above
 // Whole numbers of 32 bits are integers, all others doubles. An array, or a date that is none, throws
 // ErrorKind::JsonLine.
 [[nodiscard]] Value FromJson(const Json& json, ObjectsInLines& objects);
 [[nodiscard]] Json ToJson(const Value& value, ObjectsInLines& objects);
+
+// The item of the object that has no other, when its key is `key`; nothing for anything else.
+[[nodiscard]] const Json* OnlyItem(const Json& json, const char* key);
 
 // Parses a line; throws ErrorKind::JsonLine when it is no JSON, or nested too deeply to be a call.
 [[nodiscard]] Json ParseLine(std::string_view text);

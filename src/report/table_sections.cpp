@@ -1,5 +1,7 @@
 #include "report/table_sections.h"
 
+#include "platform/text/utf8.h"
+#include "schema/object_keys.h"
 #include "schema/sql_text.h"
 
 namespace tessel {
@@ -59,7 +61,7 @@ void TableSections::WriteColumns(std::int32_t tabID) {
 void TableSections::WriteColumn(const db::Query& column, const Collection& primaryKey) {
     const std::int32_t columnID = column.Integer("ColumnID");
     std::string_view picture;
-    if (CollectionHasKey(primaryKey, "c" + std::to_string(columnID)))
+    if (CollectionHasKey(primaryKey, ColumnKey(columnID)))
         picture = R"(<img src="bigkey.gif">)";
     else if (!column.Boolean("IsNullable"))
         picture = R"(<img src="nonull.gif">)";
@@ -103,7 +105,7 @@ void TableSections::WriteKey(const db::Query& key, const KeyList& list) {
     WriteCell(columns);
     WriteCell("<a href=\"#Table:" + table + "\">" + table + "</a>");
     WriteCell(referenced);
-    WriteCell(key.Text("HowDelete") == "C" ? state_.cascadeText : state_.restrictText);
+    WriteCell(text::SameText(key.Text("HowDelete"), "C") ? state_.cascadeText : state_.restrictText);
     WriteCell(CleanedComment(key));
     page_.Line("</tr>");
 }
@@ -134,7 +136,7 @@ std::string TableSections::IndexColumns(std::int32_t indexID) {
              "where IC.IndexID = " +
              std::to_string(indexID) + " and IC.ColumnId = C.ColumnID order by IC.Position");
          column.Next();) {
-        const bool descends = column.Text("Direction") == "D";
+        const bool descends = text::SameText(column.Text("Direction"), "D");
         Append(columns,
                ColumnLink(column.Integer("ColumnID"), column.Text("ColumnName")) + (descends ? " desc" : ""));
     }

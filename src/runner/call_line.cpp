@@ -21,11 +21,6 @@ Json AnswerJson(const QueuedAnswer& answer) {
     return words::WordOf(words::answers, std::get<host::Answer>(answer));
 }
 
-// The only item of the object, when its key is `key`.
-const Json* OnlyItem(const Json& json, const char* key) {
-    return json.is_object() && json.size() == 1 && json.contains(key) ? &json[key] : nullptr;
-}
-
 QueuedAnswer ReadAnswer(const Json& json, ObjectsInLines& objects) {
     if (const Json* text = OnlyItem(json, "text"); text && text->is_string())
         return TypedText{text->get<std::string>()};

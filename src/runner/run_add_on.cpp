@@ -1,7 +1,6 @@
 #include "runner/run_add_on.h"
 
-#include <algorithm>
-#include <optional>
+#include <utility>
 
 #include "platform/text/utf8.h"
 #include "runner/component_list.h"

@@ -1,6 +1,5 @@
 #include "runner/talk_with_tool.h"
 
-#include <algorithm>
 #include <chrono>
 #include <cstring>
 

@@ -46,6 +46,7 @@ struct ComponentState {
 
     [[nodiscard]] host::Frontend& Frontend() const;  // throws ErrorKind::Host while no host is known
     [[nodiscard]] db::Database& Database() const;    // throws ErrorKind::Host while no database is open
+    [[nodiscard]] ToolWindow& Window() const;        // throws ErrorKind::Host while no window is open
     [[nodiscard]] std::string Title() const { return texts->Product("Tessel.Name"); }
 };
 

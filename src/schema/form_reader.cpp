@@ -25,13 +25,18 @@ constexpr std::array<std::pair<std::string_view, FormField::Kind>, 8> kinds{{
     {"list", FormField::Kind::List},
 }};
 
-[[noreturn]] void Refuse(const std::string& what) {
-    throw Error(ErrorKind::Argument, "The form: " + what + ".");
+[[noreturn]] void Refuse(const std::string& what) { throw Error(ErrorKind::Argument, what + "."); }
+
+std::string TextOf(const Value& value, const std::string& key) {
+    if (value.IsNull() || value.IsMissing()) return {};
+    if (value.As<std::shared_ptr<Collection>>() || value.As<std::shared_ptr<Object>>())
+        Refuse("\"" + key + "\" must be a text");
+    return ToText(value);
 }
 
 std::string TextIn(const Collection& collection, const char* key) {
     const Value* value = collection.Find(key);
-    return value && !value->IsNull() && !value->IsMissing() ? ToText(*value) : std::string();
+    return value ? TextOf(*value, key) : std::string();
 }
 
 // An empty collection where there is none.
@@ -52,7 +57,7 @@ const Collection& ItemIn(const Collection::Item& item) {
 
 std::vector<std::string> TextsOf(const Collection& collection) {
     std::vector<std::string> texts;
-    for (const auto& [key, value] : collection) texts.push_back(ToText(value));
+    for (const auto& [key, value] : collection) texts.push_back(TextOf(value, key));
     return texts;
 }
 
@@ -63,13 +68,35 @@ FormField::Kind KindOf(const Collection& field, const std::string& key) {
     return kind->second;
 }
 
+template <typename Result>
+Result Converted(const Value& value, Result (*convert)(const Value&)) {
+    try {
+        return convert(value);
+    } catch (const Error&) {
+        return Result();
+    }
+}
+
+// What the field shows is what it gives when nobody touches it.
+Value ShownValue(const FormField& field, const Value& given) {
+    if (field.kind == FormField::Kind::Number) return Converted(given, ToInt32);
+    if (field.kind == FormField::Kind::Check) return Converted(given, ToBoolean);
+    const std::string text = Converted(given, ToText);
+    if (field.kind != FormField::Kind::Choice) return text;
+    const auto chosen =
+        std::ranges::find(field.choices, text, [](const auto& choice) { return choice.first; });
+    if (chosen != field.choices.end()) return text;
+    return field.choices.empty() ? std::string() : field.choices.front().first;
+}
+
 FormField ReadField(const Collection::Item& item) {
     const Collection& given = ItemIn(item);
     FormField field{.key = item.key, .kind = KindOf(given, item.key)};
     field.caption = TextIn(given, "caption");
-    if (const Value* value = given.Find("value")) field.value = *value;
     for (const auto& [value, caption] : CollectionIn(given, "choices"))
-        field.choices.emplace_back(value, ToText(caption));
+        field.choices.emplace_back(value, TextOf(caption, value));
+    const Value* value = given.Find("value");
+    field.value = ShownValue(field, value ? *value : Null{});
     field.filter = TextIn(given, "filter");
     field.columns = TextsOf(CollectionIn(given, "columns"));
     for (const auto& row : CollectionIn(given, "rows")) field.rows.push_back(TextsOf(ItemIn(row)));

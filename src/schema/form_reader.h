@@ -11,12 +11,14 @@ namespace tessel {
 //   "fields"   a collection of the fields under their keys, each a collection of
 //     "kind"     "text", "number", "check", "choice", "openFile", "saveFile", "note" or "list"
 //     "caption"  the label, with "&" before the letter that reaches the field
-//     "value"    what the field holds at first
+//     "value"    what the field holds at first: a whole number, a Boolean, one of the choices, or else a
+//     text.
+//                One that does not convert counts as left out, which is 0, False, the first choice, or empty
 //     "choices"  of a choice: a collection of the captions under their values
 //     "filter"   of a file: which files are offered, such as "SQL scripts (*.sql)"
 //     "columns"  of a list: a collection of the captions
 //     "rows"     of a list: a collection of the rows, each a collection of texts
-// Throws ErrorKind::Argument, naming the field, for what is none of these.
+// A text that is Null is empty. Throws ErrorKind::Argument, naming the key, for what is none of these.
 [[nodiscard]] host::Form ReadForm(const Collection& form);
 
 }  // namespace tessel

@@ -1,6 +1,5 @@
 #include "schema/identifiers.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "platform/text/utf8.h"

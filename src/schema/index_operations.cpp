@@ -39,15 +39,16 @@ std::shared_ptr<Collection> Workspace::PrimaryKeyColumns(std::int32_t tabID) {
                          " and Tables.PrimaryIndexID = IndexColumns.IndexID order by IndexColumns.Position");
          row.Next();) {
         const std::int32_t columnID = row.Integer("ColumnID");
-        columns->Add(columnID, ColumnKey(columnID));
+        // An index may list a column twice; its first place counts.
+        if (!columns->HasKey(ColumnKey(columnID))) columns->Add(columnID, ColumnKey(columnID));
     }
     return columns;
 }
 
 bool Workspace::IndexMatch(std::int32_t indexID, const Collection& columnIDs) {
     std::size_t count = 0;
-    for (auto row =
-             Db().Select("select ColumnID from IndexColumns where IndexID = " + std::to_string(indexID));
+    for (auto row = Db().Select("select distinct ColumnID from IndexColumns where IndexID = " +
+                                std::to_string(indexID));
          row.Next(); ++count)
         if (!columnIDs.HasKey(ColumnKey(row.Integer("ColumnID")))) return false;
     return count == columnIDs.Count();

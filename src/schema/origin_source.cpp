@@ -8,9 +8,9 @@ namespace tessel {
 
 namespace {
 
-void Release(OriginSourceState& state) {
+void Forget(OriginSourceState& state) {
     if (state.source) state.source->Close();
-    state.source.reset();
+    state = {};
 }
 
 // The object whose source is meant; none for a data port that nothing reads or writes.
@@ -34,25 +34,19 @@ std::shared_ptr<host::OriginSource> TryLoad(host::Frontend& frontend, const std:
 }  // namespace
 
 bool LocateOriginSource(OriginSourceState& state, host::Frontend& frontend, std::string& identifier) {
-    if (identifier.empty()) {
-        Release(state);
-        state.lastIdentifier.clear();
-        return false;
-    }
-    const auto object = SourceOwner(frontend, identifier);
+    const auto object = identifier.empty() ? nullptr : SourceOwner(frontend, identifier);
     if (!object) {
-        state.path.clear();
+        Forget(state);
         return false;
     }
     identifier = object->Identifier();
     if (identifier == state.lastIdentifier) return state.source != nullptr;
+    Forget(state);
     state.lastIdentifier = identifier;
 
     const std::string file = NullToText(object->Attribute("Lumivex"));
     const std::string candidate = frontend.GetCorvaneName(host::name_item::workspaceFolder) + "\\" + file;
-    state.path.clear();
     if (file.empty() || !files::FileExists(candidate)) return false;
-    Release(state);
     state.source = TryLoad(frontend, candidate, *object);
     if (state.source) state.path = candidate;
     return state.source != nullptr;

@@ -4,6 +4,13 @@
 
 namespace tessel {
 
+namespace {
+
+constexpr const char* mark = "Verified";
+constexpr const char* marked = "OK";
+
+}  // namespace
+
 std::string GetProjectSettings(db::Database& database, const std::string& propName) {
     auto row = database.Select("select PropValue from ProjectSettings where PropName = '" +
                                SqlQuote(propName) + "'");
@@ -19,6 +26,8 @@ void SetProjectSettings(db::Database& database, const std::string& propName, con
     change.Commit();
 }
 
-void RemoveVerifiedMark(db::Database& database) { SetProjectSettings(database, "Verified", ""); }
+bool IsVerified(db::Database& database) { return GetProjectSettings(database, mark) == marked; }
+void SetVerifiedMark(db::Database& database) { SetProjectSettings(database, mark, marked); }
+void RemoveVerifiedMark(db::Database& database) { SetProjectSettings(database, mark, ""); }
 
 }  // namespace tessel

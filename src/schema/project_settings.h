@@ -14,6 +14,8 @@ namespace tessel {
 void SetProjectSettings(db::Database& database, const std::string& propName, const std::string& propValue);
 
 // The setting "Verified" is "OK" while the table Errors reflects the schema; every change takes it away.
+[[nodiscard]] bool IsVerified(db::Database& database);
+void SetVerifiedMark(db::Database& database);
 void RemoveVerifiedMark(db::Database& database);
 
 }  // namespace tessel

@@ -117,9 +117,15 @@ bool Workspace::DropTableVerbally(std::int32_t tableId, const std::string& table
     const std::string references = ReferencingTables(Db(), tableId);
     if (!references.empty() && !confirmed(texts.Format(537, {std::string(lineBreak) + references})))
         return false;
-    if (TableDrop(tableId)) return true;
-    Complain(texts.Text(538));
-    return false;
+    try {
+        return TableDrop(tableId);
+    } catch (const db::DatabaseError& error) {
+        state_.questions->Show({.text = texts.Text(538),
+                                .title = state_.Title(),
+                                .icon = host::Icon::Critical,
+                                .detail = error.what()});
+        return false;
+    }
 }
 
 bool Workspace::TableUpdate(std::int32_t tableId, const Value& tableName, const Value& storageOption,

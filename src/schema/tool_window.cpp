@@ -12,6 +12,8 @@ namespace {
 
 namespace words = question_words;
 
+constexpr int addOnsHelpContext = 4010080;
+
 template <typename Words, typename Otherwise>
 Otherwise Named(const Words& known, const Value& word, Otherwise otherwise) {
     if (word.IsMissing() || word.IsNull()) return otherwise;
@@ -38,7 +40,9 @@ Value ToolWindow::Input(const std::string& prompt, const Value& text) {
 }
 
 Value ToolWindow::Form(const Collection& form) {
-    const auto values = State().questions->Fill(ReadForm(form));
+    host::Form shown = ReadForm(form);
+    shown.helpContext = addOnsHelpContext;
+    const auto values = State().questions->Fill(shown);
     return values ? Value(values) : Value(Null{});
 }
 

@@ -17,14 +17,14 @@ db::Database& ComponentState::Database() const {
     return *database;
 }
 
+ToolWindow& ComponentState::Window() const {
+    if (!window) throw Error(ErrorKind::Host, "The schema editor's window is not open.");
+    return *window;
+}
+
 std::shared_ptr<VNTWS> WorkspaceOf(ComponentState& state) {
     if (!state.workspace) state.workspace = std::make_shared<Workspace>(state);
     return state.workspace;
-}
-
-tessel::ToolWindow& Workspace::Window() const {
-    if (!state_.window) throw Error(ErrorKind::Host, "The schema editor's window is not open.");
-    return *state_.window;
 }
 
 void Workspace::Complain(const std::string& text) {

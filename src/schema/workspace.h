@@ -85,7 +85,7 @@ class Workspace : public VNTWS {
     void SetMethodName(const std::string& value) override { methodName_ = value; }
 
   private:
-    [[nodiscard]] tessel::ToolWindow& Window() const;  // throws ErrorKind::Host while there is none
+    [[nodiscard]] tessel::ToolWindow& Window() const { return state_.Window(); }
     [[nodiscard]] db::Database& Db() const { return state_.Database(); }
     // A critical message box with the title of the application.
     void Complain(const std::string& text);

@@ -8,8 +8,6 @@ namespace tessel {
 
 namespace {
 
-constexpr const char* mark = "Verified";
-constexpr const char* marked = "OK";
 constexpr int verifyingText = 1200;
 
 struct Table {
@@ -26,11 +24,6 @@ std::vector<Table> ReadTables(db::Database& database) {
 
 }  // namespace
 
-ToolWindow& DBCheck::Window() const {
-    if (!state_.window) throw Error(ErrorKind::Host, "The schema editor's window is not open.");
-    return *state_.window;
-}
-
 void DBCheck::AddError(std::int32_t tblID, std::int32_t keyID, std::int32_t columnID,
                        const std::string& message) {
     state_.Database().Execute("insert into Errors (TblID,KeyID,ColumnID,Message) values(" +
@@ -39,7 +32,7 @@ void DBCheck::AddError(std::int32_t tblID, std::int32_t keyID, std::int32_t colu
 }
 
 void DBCheck::VerifySchema(bool showErrors) {
-    if (GetProjectSettings(state_.Database(), mark) == marked) return;
+    if (IsVerified(state_.Database())) return;
     db::Transaction run(state_.Database());
     try {
         CheckAllTables(showErrors);
@@ -53,15 +46,16 @@ void DBCheck::VerifySchema(bool showErrors) {
 void DBCheck::CheckAllTables(bool showErrors) {
     state_.Database().Execute("delete from Errors");
     const auto tables = ReadTables(state_.Database());
-    Window().StartProgress(state_.texts->Text(verifyingText), static_cast<std::int32_t>(tables.size()) + 1);
+    state_.Window().StartProgress(state_.texts->Text(verifyingText),
+                                  static_cast<std::int32_t>(tables.size()) + 1);
     for (const auto& [tabID, tableName] : tables) {
-        Window().StartStep(tableName);
+        state_.Window().StartStep(tableName);
         CheckTable(tabID, tableName);
-        Window().FinishStep(1);
+        state_.Window().FinishStep(1);
     }
     if (showErrors) LoadErrors();
-    Window().FinishProgress();
-    SetProjectSettings(state_.Database(), mark, marked);
+    state_.Window().FinishProgress();
+    SetVerifiedMark(state_.Database());
 }
 
 void DBCheck::CheckTable(std::int32_t tabID, const std::string& tableName) {

@@ -37,7 +37,6 @@ class DBCheck {
   private:
     void CheckAllTables(bool showErrors);
     void CheckTable(std::int32_t tabID, const std::string& tableName);
-    [[nodiscard]] ToolWindow& Window() const;
 
     ComponentState& state_;
 };

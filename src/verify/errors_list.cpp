@@ -44,7 +44,7 @@ std::string DBCheck::TitleFor(std::size_t errors) const {
 
 void DBCheck::LoadErrors() {
     const auto errors = StoredErrors();
-    Window().ShowErrors(errors, TitleFor(errors.size()));
+    state_.Window().ShowErrors(errors, TitleFor(errors.size()));
 }
 
 }  // namespace tessel

@@ -1,10 +1,9 @@
+#include "schema/object_keys.h"
 #include "verify/findings.h"
 
 namespace tessel {
 
 namespace {
-
-std::string ColumnKey(std::int32_t columnID) { return "c" + std::to_string(columnID); }
 
 std::string TypeText(const SqlTypeCatalogue& types, const db::Query& column) {
     return types.SqlTypeText(column.Integer("TypeID"), column.Integer("Precision"), column.Integer("Scale"));

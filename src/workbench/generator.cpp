@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <cctype>
 #include <filesystem>
 
 #include "platform/component/member_table.h"
@@ -37,13 +38,18 @@ std::string LinkPart(std::string_view part) {
     return link;
 }
 
+// A folder that may not be looked into has none.
+bool HasPage(const fs::path& folder) {
+    std::error_code passedOver;
+    return fs::is_regular_file(folder / "Main.htm", passedOver);
+}
+
 // The names of the folders with a page in them, in order.
 std::vector<std::string> PagesIn(const std::string& folder) {
     std::vector<std::string> pages;
     std::error_code fault;
     for (fs::directory_iterator entry(folder, fault), end; !fault && entry != end; entry.increment(fault))
-        if (files::FileExists(entry->path().string() + "/Main.htm"))
-            pages.push_back(entry->path().filename().string());
+        if (HasPage(entry->path())) pages.push_back(entry->path().filename().string());
     if (fault) files::ThrowReadError("folder", folder, "read", fault.value());
     std::ranges::sort(pages);
     return pages;

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <tuple>
 
+#include "platform/xml/characters.h"
 #include "tessel/error.h"
 
 namespace tessel::workbench {
@@ -46,6 +47,12 @@ void SetAttribute(xml::Element object, const std::string& name, const std::strin
         attribute.SetAttribute("name", name);
     }
     attribute.SetAttribute("value", value);
+}
+
+void RefuseUnheld(const std::string& identifier, const std::string& name, const std::string& value) {
+    if (xml::CanBeHeld(name) && xml::CanBeHeld(value)) return;
+    throw Error(ErrorKind::Xml, "The attribute \"" + name + "\" of the object " + identifier +
+                                    " holds a control character or is not UTF-8, which XML cannot hold.");
 }
 
 std::uint64_t Counter(const xml::Element& root) {
@@ -98,16 +105,15 @@ void RepositoryContents::ReadRelation(const xml::Element& relation) {
     relations_[Required(relation, "from")].push_back({Required(relation, "name"), Required(relation, "to")});
 }
 
-void RepositoryContents::EnterName(const std::string& identifier, const xml::Element& object) const {
-    if (const auto name = AttributeOf(object, "Name")) {
-        identifiers_.emplace(NameKey(Required(object, "type"), *name), identifier);
-    }
+bool RepositoryContents::EnterName(const std::string& identifier, const xml::Element& object) const {
+    const auto name = AttributeOf(object, "Name");
+    return !name || identifiers_.emplace(NameKey(Required(object, "type"), *name), identifier).second;
 }
 
 void RepositoryContents::EnterAllNames() const {
     identifiers_.clear();
     for (const auto& object : Section("objects").Children()) {
-        if (object.Name() == "object") EnterName(Required(object, "id"), object);
+        if (object.Name() == "object") (void)EnterName(Required(object, "id"), object);
     }
     namesAreOld_ = false;
 }
@@ -206,10 +212,15 @@ void RepositoryContents::AddObject(const std::string& identifier, const std::str
 void RepositoryContents::SetAttributes(const std::string& identifier, const Attributes& attributes) {
     const auto object = Object(identifier);
     const auto oldName = AttributeOf(object, "Name");
-    for (const auto& [name, value] : attributes) SetAttribute(object, name, value);
+    for (const auto& [name, value] : attributes) {
+        RefuseUnheld(identifier, name, value);
+        SetAttribute(object, name, value);
+    }
     if (AttributeOf(object, "Name") == oldName) return;
-    if (!oldName) return EnterName(identifier, object);
-    namesAreOld_ = true;  // the name that it gives up may be another object's, too
+    if (!oldName && EnterName(identifier, object)) return;
+    // The name that it gives up may be another object's, too, and it may stand before those that bear the
+    // new.
+    namesAreOld_ = true;
 }
 
 void RepositoryContents::AddRelation(const std::string& from, const std::string& relation,

@@ -56,7 +56,7 @@ class RepositoryContents {
     void SetAttributes(const std::string& identifier, const Attributes& attributes);
     void AddRelation(const std::string& from, const std::string& relation, const std::string& to);  // once
 
-    void Save(const std::string& path) const { document_.Save(path); }
+    [[nodiscard]] std::string Text() const { return document_.Text(); }  // what the file is to hold
 
   private:
     struct Relation {
@@ -68,7 +68,8 @@ class RepositoryContents {
     void ReadSections();
     void ReadObject(const xml::Element& object);
     void ReadRelation(const xml::Element& relation);
-    void EnterName(const std::string& identifier, const xml::Element& object) const;
+    // False when an object of its type and name is there already.
+    [[nodiscard]] bool EnterName(const std::string& identifier, const xml::Element& object) const;
     void EnterAllNames() const;
     // The objects that relations of other projects lead to and those of this one do not.
     [[nodiscard]] std::unordered_set<std::string> ObjectsOfOthers(const std::string& project) const;

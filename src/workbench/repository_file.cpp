@@ -17,12 +17,15 @@ const RepositoryContents& RepositoryFile::PresentContents() {
     return Contents();
 }
 
-void RepositoryFile::Change(const std::function<void(RepositoryContents&)>& change) {
+void RepositoryFile::Change(const std::function<void(RepositoryContents&)>& change,
+                            const std::function<void()>& keep) {
     const files::FileLock lock(files::SplitPath(path_).folder + "/.workspace.lock");
     (void)PresentContents();
     try {
         change(*contents_);
-        contents_->Save(path_);
+        files::Replacement changed(path_, contents_->Text());
+        keep();
+        changed.TakePlace();
     } catch (...) {
         contents_.reset();
         throw;

@@ -20,8 +20,11 @@ class RepositoryFile {
     // What the file holds now.
     [[nodiscard]] const RepositoryContents& PresentContents();
 
-    // Makes the change in memory and on the disk, or, when it throws, in neither.
-    void Change(const std::function<void(RepositoryContents&)>& change);
+    // Makes the change in memory and on the disk, or, when it throws, in neither. `keep` keeps what was
+    // changed elsewhere at the same time; it comes once the changed file stands beside the old one, ready to
+    // take its place, and nothing is changed when it throws.
+    void Change(
+        const std::function<void(RepositoryContents&)>& change, const std::function<void()>& keep = [] {});
 
   private:
     void Read();

@@ -1,6 +1,7 @@
 #include "workbench/stored_log.h"
 
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -44,6 +45,18 @@ std::size_t LastLines(std::string_view content, std::size_t count) {
         begin = feed == std::string_view::npos ? 0 : feed + 1;
     }
     return begin;
+}
+
+// The log, made when it is not there, and held against other programs while it is open; a file that is not
+// open when that cannot be.
+files::Descriptor OpenHeld(const std::string& path) {
+    for (;;) {
+        files::Descriptor file(open(path.c_str(), O_RDWR | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
+        struct stat status {};
+        if (!file.IsOpen() || flock(file.Number(), LOCK_EX) != 0 || fstat(file.Number(), &status) != 0)
+            return files::Descriptor(-1);
+        if (status.st_nlink > 0) return file;  // else it was cut meanwhile, and another is in its place
+    }
 }
 
 // A crash may have left the last line without its end.
@@ -91,14 +104,11 @@ void StoredLog::Write(const std::string& action, const std::string& result) {
 }
 
 void StoredLog::Append(const host::Activity& activity) const {
+    const auto file = OpenHeld(files::NativePath(path_));
+    if (!file.IsOpen()) return;
+    const std::string line = (IsInALine(file.Number()) ? "\n" : "") + Line(activity);
     struct stat status {};
-    {
-        const files::Descriptor file(
-            open(files::NativePath(path_).c_str(), O_RDWR | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
-        if (!file.IsOpen()) return;
-        const std::string line = (IsInALine(file.Number()) ? "\n" : "") + Line(activity);
-        if (!file.WriteAll(line) || fstat(file.Number(), &status) != 0) return;
-    }
+    if (!file.WriteAll(line) || fstat(file.Number(), &status) != 0) return;
     if (static_cast<std::size_t>(status.st_size) > mostBytes) Cut(path_);
 }
 

@@ -103,10 +103,13 @@ std::vector<std::shared_ptr<host::RepositoryObject>> StoredObject::Related(
 }
 
 std::shared_ptr<Collection> StoredObject::RelatedCollection(const std::string& relation) const {
+    return CollectionOf(Related(relation));
+}
+
+std::shared_ptr<Collection> CollectionOf(
+    const std::vector<std::shared_ptr<host::RepositoryObject>>& objects) {
     auto collection = std::make_shared<Collection>();
-    for (const auto& object : Related(relation)) {
-        collection->Add(std::shared_ptr<Object>(object), object->Identifier());
-    }
+    for (const auto& object : objects) collection->Add(std::shared_ptr<Object>(object), object->Identifier());
     return collection;
 }
 

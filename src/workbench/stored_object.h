@@ -53,4 +53,8 @@ class StoredObject : public host::RepositoryObject {
     std::optional<Draft> draft_;  // from BeginChange to EndChange
 };
 
+// The objects as a keyed collection under their identifiers.
+[[nodiscard]] std::shared_ptr<Collection> CollectionOf(
+    const std::vector<std::shared_ptr<host::RepositoryObject>>& objects);
+
 }  // namespace tessel::workbench

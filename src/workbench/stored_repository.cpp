@@ -56,11 +56,7 @@ std::string StoredRepository::EntityIcon(const std::string& type) {
 
 std::shared_ptr<Collection> StoredRepository::PreparedCollection(const host::RepositoryObject& project,
                                                                  const std::string& type) {
-    auto collection = std::make_shared<Collection>();
-    for (const auto& object : PrepareCollection(project, type)) {
-        collection->Add(std::shared_ptr<Object>(object), object->Identifier());
-    }
-    return collection;
+    return CollectionOf(PrepareCollection(project, type));
 }
 
 Value StoredRepository::Call(std::string_view member, CallKind kind, Arguments& arguments) {

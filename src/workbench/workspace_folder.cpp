@@ -48,7 +48,7 @@ void WriteRepository(const std::string& path, const std::string& projectName) {
     const auto project = contents.TakeIdentifier();
     contents.AddObject(project, projectType);
     contents.SetAttributes(project, {{"Name", projectName}});
-    contents.Save(path);
+    files::ReplaceFile(path, contents.Text());
 }
 
 // workspace.xml comes last, because it alone makes the folder a workspace.
@@ -68,7 +68,7 @@ void Empty(const std::string& path, bool wasThere) {
     if (!wasThere) fs::remove(path, ignored);
 }
 
-// The project of a path from the workspace's folder on, such as Projects/NAME/DBSchema.mdb.
+// The project of a path from the workspace's folder on, such as Projects/NAME/DBSCHEMA/NAME.mdb.
 std::optional<std::string> ProjectIn(const fs::path& relative) {
     auto part = relative.begin();
     if (part == relative.end() || *part != "Projects" || ++part == relative.end()) return std::nullopt;

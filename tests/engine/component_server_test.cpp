@@ -22,6 +22,12 @@ TEST(ComponentServer, StartsTheEditorByNameAlone) {
     EXPECT_EQ(workspace->Call("GetFreeTableName", CallKind::Method, name), Value("NEW"));
 }
 
+class Refusing : public ClassTable {
+  public:
+    void Add(const std::string&, Factory) override { throw 7; }
+    void Remove(const std::string&) override { throw 7; }
+};
+
 TEST(ComponentServer, ExportsTheFourEntryPointsAndKeepsCountOfItsObjects) {
     void* library = dlopen(TESSEL_COMPONENT_SERVER, RTLD_NOW | RTLD_LOCAL);
     ASSERT_NE(library, nullptr) << dlerror();
@@ -38,6 +44,10 @@ TEST(ComponentServer, ExportsTheFourEntryPointsAndKeepsCountOfItsObjects) {
     EXPECT_NE(classes.Create("Tessel.TesselEngine"), nullptr);
     EXPECT_EQ(leave(&classes), 0);
     EXPECT_THROW((void)classes.Create("Tessel.TesselEngine"), Error);
+
+    Refusing refusing;
+    EXPECT_EQ(enter(&refusing), 1);
+    EXPECT_EQ(leave(&refusing), 1);
 
     std::shared_ptr<Object> object;
     EXPECT_EQ(make("Tessel.Nothing", &object), 1);

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # commands.sh TESSEL ROOT: every command and option of the program stands in its manual page, in the shell completion and
-# in the documents; every command line of the documents is one that the program takes, and what needs no server and no
+# in the documents, every command in the help of each language; every command line of the documents is one that the program takes, and what needs no server and no
 # display is run.
 set -euo pipefail
 export LC_ALL=C
@@ -29,16 +29,20 @@ Words() {
     fi
 }
 
+# CheckWord WORD FILE...
 CheckWord() {
     local file
-    for file in packaging/tessel.1 packaging/tessel.bash docs/command-line.md; do
-        grep -qF -- "$1" <<<"$(sed 's/\\-/-/g' "$root/$file")" || Blame "$file does not know $1"
+    for file in "${@:2}"; do
+        grep -qwF -- "$1" <<<"$(sed 's/\\-/-/g' "$file")" || Blame "$file does not know $1"
     done
 }
 
+documents=("$root"/packaging/tessel.{1,bash} "$root/docs/command-line.md")
 for command in $(Words subcommands); do
-    CheckWord "$command"
-    for word in $(Words options "$command") $(Words subcommands "$command"); do CheckWord "$word"; done
+    for word in "$command" $(Words subcommands "$command"); do
+        CheckWord "$word" "${documents[@]}" "$root"/share/help/*/command_line.md
+    done
+    for word in $(Words options "$command"); do CheckWord "$word" "${documents[@]}"; done
 done
 
 # A workspace with what the documents name.

@@ -141,6 +141,9 @@ TEST_P(ImportAgain, DropsAndAddsAllLinkedTablesOrNone) {
         tables += (row.Integer("TabID") > last ? " +" : " ") + row.Text("TableName");
     EXPECT_EQ(tables, GetParam().tables);
 
+    EXPECT_EQ(Rows("select * from IndexColumns where IndexID not in (select IndexID from Indices)"), Lines{});
+    EXPECT_EQ(Rows("select * from ForeignKeyColumns where KeyID not in (select KeyID from ForeignKeys)"),
+              Lines{});
     const std::int32_t settled = LastTable();
     EXPECT_TRUE(Import().added.empty());
     EXPECT_EQ(LastTable(), settled) << "a third import must find nothing to do";
@@ -276,6 +279,16 @@ TEST_F(ImportTest, AFailureKeepsWhatWasDoneBefore) {
     EXPECT_EQ(TakeNotes().back(), "refresh");
 }
 
+TEST_F(ImportTest, WhatTheDatabaseDoesNotStoreIsTold) {
+    RunRawSql(state.databaseFilename,
+              "create trigger NoRule before update on ForeignKeys begin select raise(abort, 'no'); end");
+    EXPECT_EQ(Import().leftOut.size(), 2U);
+    RunRawSql(state.databaseFilename,
+              "create trigger NoText before update on Tables begin select raise(abort, 'no'); end");
+    orders->attributes["Modified"] = "2030-01-01";
+    EXPECT_TRUE(Import().failure);
+}
+
 TEST_F(ImportTest, AKeyThatUsesAnUnknownColumnIsNotEvenDrawn) {
     RunRawSql(repository, "update ForeignKeyColumns set RefColumnID = 99 where KeyID = 5");
     TakeNotes();
@@ -292,6 +305,9 @@ TEST_F(ImportTest, ACrashLeavesTheSchemaAsItWas) {
     int seen = 0;
     watching->watch = [&] {  // what another program reads now is what a crash would leave
         EXPECT_EQ(TablesOnDisk(state.databaseFilename), "1|2|\n");
+        // The repository stays as it was when the objects were matched.
+        const auto changing = db::Database::Open(repository, std::chrono::milliseconds(0));
+        EXPECT_THROW(changing->Execute("delete from Tables"), db::DatabaseError);
         ++seen;
     };
     EXPECT_FALSE(Import().failure);

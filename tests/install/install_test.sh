@@ -41,9 +41,28 @@ InstallTree() {
             echo "$program looks for libraries where it was built" && exit 1
         fi
     done
+    Expect "a library of another second number is another one" 'SONAME.*libtessel-addon\.so\.[0-9]+\.[0-9]+]' \
+        readelf -d "$libdir/libtessel-addon.so"
     if grep -rlF -e "$build/share" -e "$build/libexec" "$prefix"; then
         echo "the files above name the folder that they were built in" && exit 1
     fi
+}
+
+# A desktop opens a schema with the program, and leaves another format of the same name alone.
+UseFileTypes() {
+    local data=$prefix/share
+    update-mime-database "$data/mime" >"$work/mime.log" 2>&1
+    printf '\0\1\0\0Standard Jet DB' >other.mdb
+    Expect "a schema" 'application/x-tessel-schema' \
+        env XDG_DATA_HOME="$data" gio info "$work/shop/Projects/Shop/DBSCHEMA/Shop.mdb"
+    Expect "another format" 'application/vnd.ms-access' env XDG_DATA_HOME="$data" gio info other.mdb
+}
+
+MakePackage() {
+    cpack --config "$build/CPackConfig.cmake" -B "$work/package" >"$work/package.log"
+    Expect "the package" ' \./usr/bin/tessel$' dpkg-deb --contents "$work"/package/*.deb
+    Expect "what it needs" 'libqt6widgets6.*qt6-qpa-plugins|qt6-qpa-plugins.*libqt6widgets6' \
+        dpkg-deb --field "$work"/package/*.deb Depends
 }
 
 FindFlags() {
@@ -147,7 +166,9 @@ UseSample() {
 }
 
 InstallTree
+MakePackage
 MakeSchema
+UseFileTypes
 FindFlags
 UseHeaders
 FollowGuide

@@ -3,6 +3,7 @@
 #include <sstream>
 
 #include "lines/json_values.h"
+#include "schema/form_reader.h"
 #include "support/schema_test.h"
 
 namespace tessel::test {
@@ -112,12 +113,45 @@ TEST(JsonValues, GoBothWays) {
                            R"({"date":"2026-01-31T10:00:00"})",
                            R"({"c2":2,"c1":{"a":null}})",
                            R"({"missing":false})",
+                           R"({"collection":{"missing":true}})",
+                           R"({"collection":{"date":{"kind":"text"}}})",
+                           R"({"collection":{"combo":1}})",
+                           R"({"collection":{"name":"A","handle":1}})",
+                           R"({"collection":{"collection":{}}})",
+                           R"({"collection":1})",
                            "{}"};
     ObjectHandles none;
     for (const char* text : cases) EXPECT_EQ(ToJson(FromJson(Json::parse(text), none), none).dump(), text);
     EXPECT_EQ(FromJson(Json::parse("2147483648"), none), Value(2147483648.0));
     EXPECT_EQ(FromJson(Json::parse("1.0"), none), Value(1.0));
     EXPECT_EQ(ToJson(Value(std::shared_ptr<Object>()), none).dump(), "null");
+}
+
+TEST(Form, TakesWhatSuitsAFieldAndNamesWhatIsNoForm) {
+    const auto read = [](const char* json) {
+        ObjectHandles none;
+        const Value form = FromJson(Json::parse(json), none);
+        return ReadForm(**form.As<std::shared_ptr<Collection>>());
+    };
+    const auto form = read(R"({"fields":{"f":{"kind":"list","rows":{"r":{"a":null,"b":2}}}}})");
+    EXPECT_EQ(form.fields.at(0).rows.at(0), (std::vector<std::string>{"", "2"}));
+    const std::pair<const char*, Value> values[] = {
+        {R"("kind":"text")", ""},
+        {R"("kind":"number","value":1.5)", 2},
+        {R"("kind":"number","value":"many")", 0},
+        {R"("kind":"check")", false},
+        {R"("kind":"choice","choices":{"a":"A","b":"B"},"value":"c")", "a"},
+        {R"("kind":"choice","value":"c")", ""}};
+    for (const auto& [field, value] : values)
+        EXPECT_EQ(read((R"({"fields":{"f":{)" + std::string(field) + "}}}").c_str()).fields.at(0).value,
+                  value)
+            << field;
+    try {
+        (void)read(R"({"fields":{"f":{"kind":"choice","choices":{"a":{}}}}})");
+        ADD_FAILURE();
+    } catch (const Error& error) {
+        EXPECT_STREQ(error.what(), "\"a\" must be a text.");
+    }
 }
 
 }  // namespace

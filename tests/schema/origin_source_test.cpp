@@ -37,6 +37,7 @@ TEST_F(OriginSources, LoadsOnceAndReleases) {
     EXPECT_FALSE(Locate(Id(3)));
     EXPECT_TRUE(Locate(Id(1)));
     EXPECT_FALSE(Locate(Id(4)));
+    EXPECT_FALSE(Locate(Id(4)));
     EXPECT_FALSE(Locate(""));
     EXPECT_EQ(frontend->loads, (std::vector<std::string>{LoadOf("a.txt"), "close", LoadOf("broken.txt"),
                                                          LoadOf("a.txt"), "close"}));
@@ -45,6 +46,10 @@ TEST_F(OriginSources, LoadsOnceAndReleases) {
 
 TEST_F(OriginSources, FollowsADataPortToItsReaderOrElseItsWriter) {
     std::string identifier = port->Identifier();
+    EXPECT_TRUE(Locate(Id(1)));
+    EXPECT_FALSE(Locate(identifier));  // nothing reads or writes it
+    EXPECT_TRUE(Locate(Id(1)));
+    EXPECT_NE(origin.path, "");
     port->related["IsWrittenIn"] = {frontend->repository->ObjectById(Id(1))};
     EXPECT_TRUE(LocateOriginSource(origin, *frontend, identifier));
     EXPECT_EQ(identifier, Id(1));

@@ -128,6 +128,11 @@ TEST_F(TableOperations, UndoesADropThatFailsHalfway) {
     EXPECT_THROW((void)Ws().TableDrop(id), db::DatabaseError);
     EXPECT_EQ(Rows("select ColumnName from Columns"), Strings{"C"});
     EXPECT_TRUE(IsMarked());
+    questions->Answers({Answer::OK});
+    EXPECT_FALSE(Ws().DropTableVerbally(id, "A"));
+    const auto asked = questions->TakeAsked();
+    EXPECT_EQ(asked.back().text, "Cannot drop table");
+    EXPECT_FALSE(asked.back().detail.empty());
 }
 
 TEST_F(TableOperations, AsksBeforeADropAndNamesTheReferencingTables) {

@@ -20,6 +20,8 @@
 #include <thread>
 #include <vector>
 
+#include "support/temporary_folder.h"
+
 namespace tessel::test {
 
 // A PostgreSQL server of the test's own, on a socket in a fresh folder. It listens on no network, and ends
@@ -80,11 +82,7 @@ class PostgresServer {
 
     // The server refuses to run as root, so its folder and its programs are nobody's then.
     void MakeFolder() {
-        const bool hasMemory = std::filesystem::exists("/dev/shm") &&
-                               std::filesystem::space("/dev/shm").available > std::uintmax_t{512} << 20;
-        std::string pattern = std::string(hasMemory ? "/dev/shm" : "/tmp") + "/tessel-pg-XXXXXX";
-        if (!mkdtemp(pattern.data())) throw std::runtime_error("there is no place for " + pattern);
-        folder_ = pattern;
+        folder_ = MakeTemporaryFolder("tessel-pg");
         chmod(folder_.c_str(), 0755);
         if (geteuid() != 0) return;
         const passwd* nobody = getpwnam("nobody");

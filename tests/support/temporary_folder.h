@@ -1,25 +1,33 @@
 #pragma once
 
+#include <cerrno>
+#include <cstdint>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <set>
 #include <string>
+#include <system_error>
 
 namespace tessel {
 
-// A fresh folder, gone with its contents at the end. It is in memory where the system offers that, so that no
-// test waits for a disk.
+// Makes an empty folder whose name begins with `name`: in TMPDIR or, without that, in memory where the system
+// has plenty, so that no test waits for a disk.
+inline std::string MakeTemporaryFolder(const std::string& name) {
+    namespace fs = std::filesystem;
+    const fs::path memory = "/dev/shm";
+    const bool hasMemory = !std::getenv("TMPDIR") && fs::is_directory(memory) &&
+                           fs::space(memory).available > std::uintmax_t{512} << 20;
+    std::string pattern = (hasMemory ? memory : fs::temp_directory_path()) / (name + "-XXXXXX");
+    if (!mkdtemp(pattern.data())) throw std::system_error(errno, std::generic_category(), pattern);
+    return fs::canonical(pattern);
+}
+
+// A fresh folder, gone with its contents at the end.
 class TemporaryFolder {
   public:
-    TemporaryFolder() {
-        const std::filesystem::path memory = "/dev/shm";
-        const bool hasMemory = std::filesystem::is_directory(memory);
-        std::string pattern =
-            ((hasMemory ? memory : std::filesystem::temp_directory_path()) / "tessel-test-XXXXXX").string();
-        path_ = std::filesystem::canonical(mkdtemp(pattern.data()));
-    }
+    TemporaryFolder() : path_(MakeTemporaryFolder("tessel-test")) {}
     ~TemporaryFolder() { std::filesystem::remove_all(path_); }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;

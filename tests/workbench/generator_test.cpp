@@ -69,6 +69,7 @@ TEST_F(Generator, DrawsByTheDiagramFileOrByItself) {
 TEST_F(Generator, ListsEveryPageUnlessTheIndexIsOfOthers) {
     for (const auto* name : {"Ü & 50%", "Alpha", "empty"}) fs::create_directories(output + "/" + name);
     for (const auto* name : {"Ü & 50%", "Alpha"}) files::ReplaceFile(output + "/" + name + "/Main.htm", "");
+    fs::create_symlink("Main.htm", output + "/empty/Main.htm");  // leads to itself
     generator.WriteIndex();
     generator.WriteIndex();  // its own file is replaced
     const std::string index = files::ReadFile(output + "/index.html");

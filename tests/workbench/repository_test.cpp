@@ -66,6 +66,13 @@ TEST_F(Repository, ObjectsAreFoundByTheirPresentName) {
     first->SetAttribute("Name", "B");
     EXPECT_EQ(repository.FindObject("TABLE", "A")->Identifier(), second->Identifier());
     EXPECT_EQ(repository.FindObject("TABLE", "B")->Identifier(), first->Identifier());
+    Write(
+        FilePath(),
+        "<workspace next='9'><objects><object id='O7' type='TABLE'/><object id='O8' type='TABLE'><attribute "
+        "name='Name' value='A'/></object></objects></workspace>");
+    EXPECT_EQ(OpenRepository().FindObject("TABLE", "A")->Identifier(), "O8");
+    repository.ObjectById("O7")->SetAttribute("Name", "A");
+    EXPECT_EQ(repository.FindObject("TABLE", "A")->Identifier(), "O7");
     for (const auto& [type, name] : {std::pair("TABLE", "a"), {"TABL", "EA"}, {"VIEW", "A"}, {"TABLE", ""}}) {
         EXPECT_EQ(KindThrown([&] { (void)repository.FindObject(type, name); }), ErrorKind::Host)
             << type << name;

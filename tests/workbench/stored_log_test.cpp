@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <thread>
 
 #include "support/temporary_folder.h"
 
@@ -57,6 +57,21 @@ TEST_F(StoredLogTest, IsCutToItsLastHalf) {
     EXPECT_GT(left.size(), StoredLog::mostBytes / 2 - line.size());
     EXPECT_TRUE(left.starts_with(line));
     EXPECT_TRUE(left.ends_with("\tlast\t\n"));
+}
+
+TEST_F(StoredLogTest, ACutLosesNoLineOfAnotherProgram) {
+    const auto write = [&] {
+        StoredLog log(file_);
+        for (int i = 0; i < 20; ++i) log.Write("a", "b");
+    };
+    for (int round = 0; round < 40; ++round) {
+        Write(file_, std::string(StoredLog::mostBytes - 1, 'x') + "\n");  // the next line cuts it
+        {
+            const std::jthread one(write);
+            const std::jthread other(write);
+        }
+        ASSERT_EQ(StoredLog(file_).Activities().size(), 40U);
+    }
 }
 
 TEST_F(StoredLogTest, GoesOnWhereItCannotBeKept) {

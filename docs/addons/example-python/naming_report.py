@@ -62,12 +62,17 @@ def find_disagreements():
 
 def write(path, rows):
     """Writes the rows to a CSV file, which replaces an older one only when it is complete."""
-    unfinished = path + ".new"
-    with open(unfinished, "w", newline="", encoding="utf-8") as file:
-        writer = csv.DictWriter(file, fieldnames=["name", "type", "tables"])
-        writer.writeheader()
-        writer.writerows(rows)
-    os.replace(unfinished, path)
+    unfinished = f"{path}.new-{os.getpid()}"
+    with open(unfinished, "x", newline="", encoding="utf-8") as file:
+        try:
+            writer = csv.DictWriter(file, fieldnames=["name", "type", "tables"])
+            writer.writeheader()
+            writer.writerows(rows)
+            file.flush()
+            os.replace(unfinished, path)
+        except BaseException:
+            os.remove(unfinished)
+            raise
 
 
 def show(rows):

@@ -1,5 +1,6 @@
 #include "tessel/add_on.h"
 
+#include "platform/component/answer.h"
 #include "platform/text/utf8.h"
 #include "tessel/convert.h"
 #include "tessel/error.h"
@@ -8,9 +9,6 @@ namespace tessel {
 
 namespace {
 
-constexpr int succeeded = 0;
-constexpr int failed = 1;
-
 template <typename Class>
 std::shared_ptr<Class> ObjectAt(const Arguments& arguments, std::size_t position) {
     std::shared_ptr<Class> object;
@@ -18,16 +16,6 @@ std::shared_ptr<Class> ObjectAt(const Arguments& arguments, std::size_t position
         object = std::dynamic_pointer_cast<Class>(*given);
     if (!object) throw Error(ErrorKind::Argument, "Run takes the host, the workspace and a text.");
     return object;
-}
-
-template <typename Action>
-int Answer(Action&& action) {
-    try {
-        action();
-        return succeeded;
-    } catch (const std::exception&) {
-        return failed;
-    }
 }
 
 }  // namespace

@@ -12,14 +12,6 @@ namespace {
 // would take more time and memory than the row itself.
 constexpr std::size_t fewItems = 16;
 
-char Lower(char character) {
-    return character >= 'A' && character <= 'Z' ? static_cast<char>(character - 'A' + 'a') : character;
-}
-
-bool IsSameKey(std::string_view one, std::string_view other) {
-    return std::ranges::equal(one, other, {}, Lower, Lower);
-}
-
 [[noreturn]] void RefuseTaken(const std::string& key) {
     throw Error(ErrorKind::Collection, "The collection already holds an item with the key \"" + key + "\".");
 }
@@ -40,7 +32,7 @@ void Collection::Add(Value value, std::string key) {
 const Value* Collection::Find(std::string_view key) const {
     if (items_.size() <= fewItems) {
         const auto item =
-            std::ranges::find_if(items_, [&](const Item& each) { return IsSameKey(each.key, key); });
+            std::ranges::find_if(items_, [&](const Item& each) { return text::SameText(each.key, key); });
         return item == items_.end() ? nullptr : &item->value;
     }
     const auto position = positions_.find(text::LowerAscii(key));

@@ -28,6 +28,7 @@ std::string Describe(const Value& value) {
 
 std::optional<double> NumberIn(std::string_view text) {
     text = text::Trim(text);
+    if (text.starts_with("+-")) return {};
     if (text.starts_with('+')) text.remove_prefix(1);
     double number = 0;
     const auto [end, failure] = std::from_chars(text.data(), text.data() + text.size(), number);

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <charconv>
 #include <chrono>
 #include <ctime>
@@ -17,11 +18,12 @@ using std::chrono::sys_days;
 // The number that fills `width` digits at the front of `text`, which is shortened by it and by the character
 // after it; that character must be one of `separators` ('\0' stands for the end of the text).
 std::optional<int> Take(std::string_view& text, std::size_t width, std::string_view separators) {
+    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
+    if (text.size() < width || !std::ranges::all_of(text.substr(0, width), isDigit)) return {};
     int number = 0;
-    if (text.size() < width) return {};
-    const auto [end, failure] = std::from_chars(text.data(), text.data() + width, number);
-    if (failure != std::errc() || end != text.data() + width || number < 0) return {};
+    std::from_chars(text.data(), text.data() + width, number);
     text.remove_prefix(width);
+    if (text.starts_with('\0')) return {};
     const char separator = text.empty() ? '\0' : text.front();
     if (separators.find(separator) == std::string_view::npos) return {};
     if (!text.empty()) text.remove_prefix(1);

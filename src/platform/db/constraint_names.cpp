@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "platform/db/sql_characters.h"
 #include "platform/text/utf8.h"
 
 namespace tessel::db {
@@ -13,12 +14,6 @@ struct Token {
     std::string text;  // a word, a name without its quotes, or one symbol
     bool isQuoted = false;
 };
-
-bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-bool IsWordPart(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_' ||
-           c == '$' || static_cast<unsigned char>(c) >= 0x80;
-}
 
 class Tokens {
   public:

@@ -58,12 +58,18 @@ class Database {
     std::unique_ptr<Engine> engine_;
 };
 
+enum class TransactionFor {
+    Writing,
+    Reading,  // changes nothing: sees the database as it is at the start, while other programs read it, too
+};
+
 // All changes between construction and Commit are kept together or not at all. A transaction inside another
 // one keeps or undoes its own part.
 class Transaction {
   public:
-    explicit Transaction(Database& database);  // waits for a busy file, then throws ErrorKind::Busy
-    ~Transaction();                            // undoes what was not committed
+    // Waits for a busy file, then throws ErrorKind::Busy.
+    explicit Transaction(Database& database, TransactionFor purpose = TransactionFor::Writing);
+    ~Transaction();  // undoes what was not committed
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
 

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/db/error.h"
+#include "platform/db/sql_characters.h"
 #include "platform/text/utf8.h"
 
 namespace tessel::db {
@@ -28,14 +29,6 @@ constexpr std::array<std::pair<std::string_view, Clause>, 8> clauseWords{{
 }};
 
 constexpr std::array<std::string_view, 4> statementWords{"select", "insert", "update", "delete"};
-
-bool IsBlank(char c) { return c == ' ' || (c >= '\t' && c <= '\r'); }
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool IsWordStart(char c) {
-    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || c == '_' ||
-           static_cast<unsigned char>(c) >= 0x80;
-}
-bool IsWordPart(char c) { return IsWordStart(c) || IsDigit(c) || c == '$'; }
 
 class Scanner {
   public:
@@ -238,6 +231,7 @@ class Scanner {
     void Symbol(char c) {
         if (c == ';') return End();
         if (c == '?' || c == ':' || c == '@' || c == '$') Refuse(std::string("it holds the mark ") + c);
+        if ((c == '<' || c == '>') && sql_.substr(position_ + 1).starts_with('=')) return Copy(2);
         if (NullComparison()) return;
         if (Skip("&")) {
             result_.text += "||";

@@ -58,7 +58,7 @@ Connection Connect(const std::string& path, std::chrono::milliseconds busyWait) 
     const int code =
         sqlite3_open_v2(absolute.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     Connection connection(opened);
-    if (code != SQLITE_OK) ThrowLastError(opened, {});
+    if (code != SQLITE_OK) ThrowOpenError(opened, path, AdviceFor(ErrorKind::ReadOnly));
     Configure(opened, busyWait);
     return connection;
 }

@@ -39,7 +39,7 @@ struct Database::Engine {
 
     [[nodiscard]] std::shared_ptr<const TableInfo> Table(std::string_view name);
 
-    // An identifier that no row of the table has had, nor will get.
+    // An identifier that no row of the table has had, and that is given to no other row.
     [[nodiscard]] std::int32_t ReserveIdentifier(const std::string& table);
 
     // As stored; Null when nothing is stored of the table.

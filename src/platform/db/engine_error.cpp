@@ -50,11 +50,16 @@ bool HasMoved(sqlite3* connection) {
     return hasMoved != 0;
 }
 
+void ThrowOpenError(sqlite3* connection, const std::string& path, std::string_view advice) {
+    throw DatabaseError(KindOfCode(sqlite3_extended_errcode(connection)),
+                        "The database \"" + path + "\" cannot be opened: " + sqlite3_errmsg(connection) +
+                            "; " + std::string(advice) + ".");
+}
+
 void ThrowLastError(sqlite3* connection, std::string_view sql) {
     const ErrorKind kind = KindOfCode(sqlite3_extended_errcode(connection));
     const std::string_view advice = AdviceFor(kind);
-    const char* const path = sqlite3_db_filename(connection, "main");
-    std::string message = "The database \"" + std::string(path ? path : "") + "\" ";
+    std::string message = "The database \"" + std::string(sqlite3_db_filename(connection, "main")) + "\" ";
     if ((kind == ErrorKind::ReadOnly || kind == ErrorKind::Io) && HasMoved(connection))
         throw DatabaseError(ErrorKind::Missing,
                             message + "is no longer there, or another file has taken its place; put it back.",

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 
 #include "platform/db/error.h"
@@ -17,7 +18,10 @@ namespace tessel::db {
 // Whether the file that is open is no longer the one at its path.
 [[nodiscard]] bool HasMoved(sqlite3* connection);
 
-// Throws the connection's last failure. `sql` is the statement as its caller wrote it.
+// Throws why the file at the path was not opened; `advice` is what a person can do about it.
+[[noreturn]] void ThrowOpenError(sqlite3* connection, const std::string& path, std::string_view advice);
+
+// Throws the last failure of a connection that was opened. `sql` is the statement as its caller wrote it.
 [[noreturn]] void ThrowLastError(sqlite3* connection, std::string_view sql);
 
 }  // namespace tessel::db

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
+#include <new>
 #include <optional>
 #include <string_view>
 

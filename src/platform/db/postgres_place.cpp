@@ -2,7 +2,6 @@
 
 #include <libpq-fe.h>
 
-#include <algorithm>
 #include <memory>
 #include <string_view>
 

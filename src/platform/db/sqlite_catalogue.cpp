@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <charconv>
 #include <filesystem>
-#include <iterator>
 #include <unordered_map>
 
 #include "platform/db/constraint_names.h"
@@ -13,6 +12,7 @@
 #include "platform/db/engine.h"
 #include "platform/db/engine_error.h"
 #include "platform/db/open_checks.h"
+#include "platform/db/sql_characters.h"
 #include "platform/text/utf8.h"
 #include "tessel/convert.h"
 
@@ -28,7 +28,7 @@ Connection OpenForReading(const std::string& path) {
     const std::string absolute = std::filesystem::absolute(path).string();
     const int code = sqlite3_open_v2(absolute.c_str(), &opened, SQLITE_OPEN_READONLY, nullptr);
     Connection connection(opened);
-    if (code != SQLITE_OK) ThrowLastError(opened, {});
+    if (code != SQLITE_OK) ThrowOpenError(opened, path, "make the file readable");
     sqlite3_extended_result_codes(opened, 1);
     sqlite3_busy_timeout(opened, 5000);
     sqlite3_db_config(opened, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
@@ -50,11 +50,7 @@ std::optional<std::string> TextConstant(std::string_view expression) {
 
 // Whether it is one word, such as TRUE; any that is no word of SQL is a text.
 bool IsWord(std::string_view expression) {
-    const auto isLetter = [](char c) {
-        return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c & 0x80) != 0 || c == '_';
-    };
-    const auto isPart = [&](char c) { return isLetter(c) || (c >= '0' && c <= '9') || c == '$'; };
-    return isLetter(expression.front()) && std::ranges::all_of(expression, isPart);
+    return IsWordStart(expression.front()) && std::ranges::all_of(expression, IsWordPart);
 }
 
 bool IsNumber(std::string_view expression) {

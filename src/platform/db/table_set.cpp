@@ -134,11 +134,8 @@ bool TableSet::Seek(std::initializer_list<Value> values) {
     }
     for (const std::size_t field : state_->index->fields)
         order += (order.empty() ? "" : ",") + Quoted(table.fields[field].name);
-    state_->noMatch = !state_->ReadCurrent(condition + " order by " + order, sought);
-    return !state_->noMatch;
+    return state_->ReadCurrent(condition + " order by " + order, sought);
 }
-
-bool TableSet::NoMatch() const { return state_->noMatch; }
 
 void TableSet::AddNew() {
     Cancel();

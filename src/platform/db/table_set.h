@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -27,7 +26,6 @@ class TableSet {
     // one. False when there is none; then there is no current row. Text compares without regard to case
     // within ASCII only.
     bool Seek(std::initializer_list<Value> values);
-    [[nodiscard]] bool NoMatch() const;  // of the last Seek
 
     // Begins a new row. Its identifier, where the table has one, can be read before the row is saved; a
     // cancelled row leaves a gap in the identifiers.

@@ -1,10 +1,8 @@
 #pragma once
 
-#include <initializer_list>
 #include <memory>
 #include <optional>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "platform/db/engine.h"
@@ -35,7 +33,6 @@ struct TableSet::State {
     std::shared_ptr<const TableInfo> table;
     const TableInfo::Index* index = nullptr;
     std::optional<Row> current;
-    bool noMatch = false;
     Pending pending = Pending::None;
     std::vector<std::optional<Value>> changes;  // of the pending row, by field
 };

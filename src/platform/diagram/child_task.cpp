@@ -8,6 +8,9 @@
 
 #include <array>
 #include <cerrno>
+#include <utility>
+
+#include "platform/files/descriptor.h"
 
 namespace tessel::diagram {
 
@@ -17,9 +20,8 @@ constexpr int askEvery = 50;  // milliseconds
 
 class Child {
   public:
-    Child(pid_t process, int results) : process_(process), results_(results) {}
+    Child(pid_t process, files::Descriptor results) : process_(process), results_(std::move(results)) {}
     ~Child() {
-        close(results_);
         if (process_ == 0) return;
         kill(process_, SIGKILL);
         Wait();
@@ -30,14 +32,14 @@ class Child {
     // False at the end of what the child writes.
     bool Read(std::string& result) {
         std::array<char, 65536> buffer{};
-        const ssize_t count = read(results_, buffer.data(), buffer.size());
+        const ssize_t count = read(results_.Number(), buffer.data(), buffer.size());
         if (count < 0) return errno == EINTR;
         result.append(buffer.data(), static_cast<std::size_t>(count));
         return count > 0;
     }
 
     [[nodiscard]] bool HasResults() const {
-        pollfd waiting{results_, POLLIN, 0};
+        pollfd waiting{results_.Number(), POLLIN, 0};
         return poll(&waiting, 1, askEvery) > 0;
     }
 
@@ -56,21 +58,12 @@ class Child {
     }
 
     pid_t process_;
-    int results_;
+    files::Descriptor results_;
 };
 
-bool WriteAll(int file, const std::string& text) {
-    for (std::size_t done = 0; done < text.size();) {
-        const ssize_t count = write(file, text.data() + done, text.size() - done);
-        if (count < 0 && errno != EINTR) return false;
-        if (count > 0) done += static_cast<std::size_t>(count);
-    }
-    return true;
-}
-
-[[noreturn]] void Work(const std::function<std::string()>& task, int results) {
+[[noreturn]] void Work(const std::function<std::string()>& task, const files::Descriptor& results) {
     try {
-        _exit(WriteAll(results, task()) ? 0 : 1);
+        _exit(results.WriteAll(task()) ? 0 : 1);
     } catch (...) {
         _exit(1);
     }
@@ -81,17 +74,16 @@ bool WriteAll(int file, const std::string& text) {
 std::optional<std::string> RunInChild(const std::function<std::string()>& task, const KeepOn& keepOn) {
     std::array<int, 2> ends{};
     if (pipe2(ends.data(), O_CLOEXEC) != 0) return std::nullopt;
+    files::Descriptor results(ends[0]);
+    files::Descriptor end(ends[1]);
     const pid_t process = fork();
     if (process == 0) {
-        close(ends[0]);
-        Work(task, ends[1]);
+        results.Close();
+        Work(task, end);
     }
-    close(ends[1]);
-    if (process < 0) {
-        close(ends[0]);
-        return std::nullopt;
-    }
-    Child child(process, ends[0]);
+    end.Close();
+    if (process < 0) return std::nullopt;
+    Child child(process, std::move(results));
     std::string result;
     for (bool isWorking = true; isWorking;) {
         if (keepOn && !keepOn()) return std::nullopt;

@@ -10,6 +10,7 @@
 #include <unordered_set>
 
 #include "platform/files/file_service.h"
+#include "platform/xml/characters.h"
 #include "platform/xml/document.h"
 #include "tessel/error.h"
 
@@ -101,8 +102,8 @@ void SetNumber(xml::Element& element, std::string_view name, double number) {
 
 void Write(const Box& box, xml::Element element) {
     element.SetAttribute("key", box.key);
-    element.SetAttribute("caption", box.caption);
-    element.SetAttribute("comment", box.comment);
+    element.SetAttribute("caption", xml::Blanked(box.caption));
+    element.SetAttribute("comment", xml::Blanked(box.comment));
     SetNumber(element, "x", box.rect.x);
     SetNumber(element, "y", box.rect.y);
     SetNumber(element, "width", box.rect.width);
@@ -112,7 +113,7 @@ void Write(const Box& box, xml::Element element) {
 
 void Write(const Link& link, xml::Element element) {
     element.SetAttribute("key", link.key);
-    element.SetAttribute("caption", link.caption);
+    element.SetAttribute("caption", xml::Blanked(link.caption));
     element.SetAttribute("from", link.from);
     element.SetAttribute("to", link.to);
     for (auto& child : element.Children())

@@ -31,8 +31,8 @@ struct StoredDiagram {
 [[nodiscard]] StoredDiagram LoadStoredDiagram(const std::string& path);  // throws as LoadDiagram does
 
 // Brings an existing file up to date, or makes a new one: everything in it but the boxes, the links and what
-// is seen stays as it is, also attributes and elements within boxes and links. A damaged file is kept aside
-// first. Throws ErrorKind::File, Full or ReadOnly.
+// is seen stays as it is, also attributes and elements within boxes and links. Control characters in captions
+// and comments become blanks. A damaged file is kept aside first. Throws ErrorKind::File, Full or ReadOnly.
 void SaveDiagram(const std::string& path, const Diagram& diagram, const Sight& sight);
 
 // Puts a file aside under the first free name of NAME.damaged-1.xml, NAME.damaged-2.xml, ..., where the

@@ -5,6 +5,7 @@
 
 #include <cstring>
 #include <memory>
+#include <stdexcept>
 #include <unordered_map>
 
 #include "platform/diagram/child_task.h"

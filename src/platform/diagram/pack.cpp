@@ -2,7 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
-#include <numeric>
+#include <functional>
+#include <limits>
 
 namespace tessel::diagram {
 

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "platform/diagram/look.h"
+#include "platform/xml/characters.h"
 
 namespace tessel::diagram {
 
@@ -126,7 +127,7 @@ std::string Escaped(const std::string& text) {
                 escaped += "&quot;";
                 break;
             default:
-                escaped += character;
+                escaped += xml::IsHeld(character) ? character : ' ';
         }
     }
     return escaped;

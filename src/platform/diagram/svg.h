@@ -15,7 +15,7 @@ namespace tessel::diagram {
 // The diagram as an SVG file: in light colours on white, with nothing to click.
 [[nodiscard]] std::string SvgFile(const Diagram& diagram, const std::string& title);
 
-// Text as it may stand in HTML and XML, between quotes as well.
+// Text as it may stand in HTML and XML, between quotes as well; a control character that may not is a blank.
 [[nodiscard]] std::string Escaped(const std::string& text);
 
 }  // namespace tessel::diagram

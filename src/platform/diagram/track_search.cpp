@@ -56,9 +56,8 @@ const TrackSearch::Port* TrackSearch::PortAt(State state, const std::vector<Port
 
 void TrackSearch::AddPorts(const Rect& rect, Direction direction, std::vector<Port>& ports) const {
     constexpr double corner = 1;  // no line leaves so near at a corner
-    const auto outside = [](int first, bool touches) { return touches ? first - 1 : first; };
     if (direction == TrackGrid::Across) {
-        const int before = outside(grid_.ColumnFrom(rect.x - 0.99), true);
+        const int before = grid_.ColumnFrom(rect.x - 0.99) - 1;
         const int behind = grid_.ColumnFrom(rect.Right() + 0.99);
         for (int row = grid_.RowFrom(rect.y + corner); grid_.Y(row) <= rect.Bottom() - corner; ++row) {
             const double off = std::abs(grid_.Y(row) - rect.Center().y);
@@ -67,7 +66,7 @@ void TrackSearch::AddPorts(const Rect& rect, Direction direction, std::vector<Po
         }
         return;
     }
-    const int above = outside(grid_.RowFrom(rect.y - 0.99), true);
+    const int above = grid_.RowFrom(rect.y - 0.99) - 1;
     const int below = grid_.RowFrom(rect.Bottom() + 0.99);
     for (int column = grid_.ColumnFrom(rect.x + corner); grid_.X(column) <= rect.Right() - corner; ++column) {
         const double off = std::abs(grid_.X(column) - rect.Center().x) / 2 + offSide;

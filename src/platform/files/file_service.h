@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,8 @@ namespace tessel::files {
 
 [[nodiscard]] bool FileExists(std::string_view path);  // a file, not a folder
 [[nodiscard]] bool FolderExists(std::string_view path);
+
+// Whatever writes or deletes here also takes away what interrupted programs left behind in the same folder.
 
 // Makes the last folder of the path; the ones above it must be there.
 void CreateFolder(std::string_view path);
@@ -41,5 +44,21 @@ struct PathParts {
 // Gives the file this content. A crash or a full disk leaves the old content or the whole new one, on the
 // disk before this returns.
 void ReplaceFile(std::string_view path, std::string_view content);
+
+// The same in two steps: new content on the disk beside the file, which takes its place in the end or is gone
+// with this. So all that is likely to fail, such as a full disk, does so in the first.
+class Replacement {
+  public:
+    Replacement(std::string_view path, std::string_view content);
+    ~Replacement();
+    Replacement(const Replacement&) = delete;
+    Replacement& operator=(const Replacement&) = delete;
+
+    void TakePlace();
+
+  private:
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
+};
 
 }  // namespace tessel::files

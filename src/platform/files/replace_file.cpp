@@ -112,15 +112,27 @@ void SyncFolder(const fs::path& target) {
 
 }  // namespace
 
-void ReplaceFile(std::string_view path, std::string_view content) {
-    const auto target = FollowLinks(NativePath(path));
-    const auto earlier = Earlier(target);
-    TemporaryFile file(target);
-    if (earlier) file.TakeRightsOf(*earlier);
-    file.Write(content);
-    file.TakePlace();
-    SyncFolder(target);
+struct Replacement::Parts {
+    explicit Parts(fs::path path) : target(std::move(path)), earlier(Earlier(target)), file(target) {}
+    fs::path target;
+    std::optional<struct stat> earlier;
+    TemporaryFile file;
+};
+
+Replacement::Replacement(std::string_view path, std::string_view content)
+    : parts_(std::make_unique<Parts>(FollowLinks(NativePath(path)))) {
+    if (parts_->earlier) parts_->file.TakeRightsOf(*parts_->earlier);
+    parts_->file.Write(content);
 }
+
+Replacement::~Replacement() = default;
+
+void Replacement::TakePlace() {
+    parts_->file.TakePlace();
+    SyncFolder(parts_->target);
+}
+
+void ReplaceFile(std::string_view path, std::string_view content) { Replacement(path, content).TakePlace(); }
 
 bool PlaceNewFile(std::string_view from, std::string_view to) {
     const auto target = FollowLinks(NativePath(to));

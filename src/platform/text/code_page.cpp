@@ -4,18 +4,21 @@
 
 #include <array>
 #include <bitset>
+#include <cerrno>
 #include <charconv>
 #include <cstdlib>
 #include <string>
 #include <string_view>
 
 #include "platform/text/locale.h"
+#include "platform/text/utf8.h"
 #include "tessel/error.h"
 
 namespace tessel::text {
 namespace {
 
 constexpr const char* characterEncoding = "UTF-32LE";
+constexpr int utf8 = 65001;
 constexpr const char* environmentName = "TESSEL_CODEPAGE";
 
 class Converter {
@@ -41,24 +44,40 @@ class Converter {
         return result == static_cast<std::size_t>(-1) || inputSize > 0 ? 0 : outputSize - room;
     }
 
+    // Moves what converts from `bytes` to `converted`; false at a byte that does not.
+    bool TakeSome(std::string_view& bytes, std::string& converted) const {
+        std::array<char, 4096> output{};
+        auto* in = const_cast<char*>(bytes.data());
+        auto* out = output.data();
+        auto left = bytes.size();
+        auto room = output.size();
+        const auto result = iconv(descriptor_, &in, &left, &out, &room);
+        const bool isDone = result != static_cast<std::size_t>(-1) || errno == E2BIG;
+        converted.append(output.data(), output.size() - room);
+        bytes.remove_prefix(bytes.size() - left);
+        return isDone;
+    }
+
   private:
     iconv_t descriptor_;
 };
 
-// The name that iconv knows a double-byte code page by; null for the others.
-const char* DoubleByteName(int number) {
+// The name that iconv knows a code page by; null for UTF-8 and what is none.
+const char* EncodingName(int number) {
     switch (number) {
         case 932:
             return "CP932";
         case 949:
             return "CP949";
+        case 1252:
+            return "CP1252";
         default:
             return nullptr;
     }
 }
 
 void RequireSupported(int number) {
-    if (DoubleByteName(number) || number == 1252 || number == 65001) return;
+    if (EncodingName(number) || number == utf8) return;
     throw Error(ErrorKind::Argument, "The code page " + std::to_string(number) +
                                          " is not supported; the code pages are 932, 949, 1252 and 65001.");
 }
@@ -99,7 +118,7 @@ struct CodePage::Converters {
 
 CodePage::CodePage(int number) : number_(number) {
     RequireSupported(number);
-    if (const auto* name = DoubleByteName(number)) converters_ = std::make_unique<Converters>(name);
+    if (number == 932 || number == 949) converters_ = std::make_unique<Converters>(EncodingName(number));
 }
 
 CodePage::~CodePage() = default;
@@ -131,6 +150,19 @@ std::optional<char32_t> CodePage::CharacterOf(std::uint16_t code) const {
         character |= static_cast<char32_t>(static_cast<unsigned char>(output[i])) << (8 * i);
     }
     return character;
+}
+
+std::string CodePage::Decode(std::string_view bytes) const {
+    // iconv lets numbers beyond the last character of Unicode through.
+    if (number_ == utf8) return Encode(text::Decode(bytes));
+    const Converter converter("UTF-8", EncodingName(number_));
+    std::string decoded;
+    while (!bytes.empty()) {
+        if (converter.TakeSome(bytes, decoded)) continue;
+        AppendEncoded(decoded, 0xFFFD);
+        bytes.remove_prefix(1);
+    }
+    return decoded;
 }
 
 }  // namespace tessel::text

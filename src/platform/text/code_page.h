@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
+#include <string_view>
 
 namespace tessel::text {
 
@@ -25,6 +27,9 @@ class CodePage {
 
     // The character with this two-byte code; nothing when there is none.
     [[nodiscard]] std::optional<char32_t> CharacterOf(std::uint16_t code) const;
+
+    // The bytes as UTF-8, with U+FFFD for a byte that has no character.
+    [[nodiscard]] std::string Decode(std::string_view bytes) const;
 
   private:
     struct Converters;

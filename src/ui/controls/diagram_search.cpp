@@ -5,7 +5,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QToolButton>
-#include <algorithm>
 
 namespace tessel {
 

@@ -34,7 +34,6 @@ class DiagramView : public QGraphicsView {
     void SetBackground(const QColor& colour);
     void SetHint(const QString& whileConnecting) { hint_ = whileConnecting; }
 
-    [[nodiscard]] bool IsConnecting() const { return connecting_.has_value(); }
     [[nodiscard]] QPoint PopupPlace() const;
 
     // Where the box is seen, and its handle, in the viewport's coordinates.

@@ -8,6 +8,7 @@
 #include <QSplitter>
 #include <QToolBar>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "ui/controls/find_bar.h"
 #include "ui/controls/help_page.h"
@@ -135,12 +136,14 @@ void frmHelp::ShowPage(int context) {
     txtPage_->setFocus();
 }
 
-// A topic stays in the list when its title or its page holds the words.
+// A topic stays in the list when its page, which begins with its title, holds all the words.
 void frmHelp::FilterTopics(const QString& filter) {
+    const QStringList words = filter.simplified().split(' ', Qt::SkipEmptyParts);
     for (int row = 0; row < lvTopics_->count(); ++row) {
         const HelpTopic& topic = contents_.Topics()[std::size_t(row)];
-        const bool matches = QString::fromStdString(topic.text).contains(filter, Qt::CaseInsensitive);
-        lvTopics_->item(row)->setHidden(!matches);
+        const QString page = QString::fromStdString(topic.text);
+        lvTopics_->item(row)->setHidden(!std::ranges::all_of(
+            words, [&page](const QString& word) { return page.contains(word, Qt::CaseInsensitive); }));
     }
 }
 

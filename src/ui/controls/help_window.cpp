@@ -26,10 +26,11 @@ void ShowHelpFinder(ComponentState& state, QWidget* owner) { ShowHelp(state, own
 void ShowHelp(ComponentState& state, QWidget* owner, int context) {
     try {
         HelpOf(state, owner ? owner->window() : QApplication::activeWindow()).ShowPage(context);
-    } catch (const Error&) {
+    } catch (const Error& error) {
         state.questions->Show({.text = state.texts->Format(noPagesText, {state.helpFile}),
                                .title = state.Title(),
-                               .icon = host::Icon::Information});
+                               .icon = host::Icon::Information,
+                               .detail = error.what()});
     }
 }
 

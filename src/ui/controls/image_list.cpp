@@ -9,6 +9,8 @@ namespace tessel {
 
 namespace {
 
+constexpr int largestIcon = 64;
+
 QIcon OwnIcon(const char* name) {
     LoadIcons();
     return SvgIcon(QStringLiteral(":/icons/%1.svg").arg(QLatin1String(name)));
@@ -59,5 +61,11 @@ ImageList DiagramImages() {
 }
 
 QIcon ProductIcon() { return OwnIcon("product"); }
+
+QIcon BlankIcon() {
+    QPixmap blank(largestIcon, largestIcon);
+    blank.fill(Qt::transparent);
+    return blank;
+}
 
 }  // namespace tessel

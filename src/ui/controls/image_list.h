@@ -30,5 +30,6 @@ class ImageList {
 [[nodiscard]] ImageList DiagramImages();
 
 [[nodiscard]] QIcon ProductIcon();
+[[nodiscard]] QIcon BlankIcon();  // which keeps the place of one, so that texts stand in line
 
 }  // namespace tessel

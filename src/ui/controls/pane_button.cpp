@@ -1,6 +1,7 @@
 #include "ui/controls/pane_button.h"
 
 #include <QPainter>
+#include <QTextDocument>
 #include <cmath>
 
 namespace tessel {
@@ -42,7 +43,7 @@ PaneButton::PaneButton(const char* name, Sign sign, QWidget* parent) : QAbstract
 
 void PaneButton::SetSign(Sign sign, const QString& meaning) {
     sign_ = sign;
-    setToolTip(meaning);
+    setToolTip(Qt::convertFromPlainText(meaning, Qt::WhiteSpaceNormal));  // it names a pane
     setAccessibleName(meaning);
     update();
 }

@@ -1,9 +1,5 @@
 #pragma once
 
-#include <QString>
-
-#include "platform/text/texts.h"
-
 namespace tessel::pane_text {
 
 inline constexpr int maximise = 2200;

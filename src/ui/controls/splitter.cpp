@@ -163,7 +163,6 @@ void TSplitter::ToggleMaximised(const QString& name) {
 
 void TSplitter::Close(const QString& name) {
     if (!closeHandler_ || !closeHandler_(name)) SetPaneVisible(name, false);
-    Q_EMIT PaneClosed(name);
 }
 
 void TSplitter::Dock(const QString& name, PaneEdge edge, const std::optional<QString>& target) {

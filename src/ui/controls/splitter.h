@@ -89,7 +89,6 @@ class TSplitter : public QWidget, private PaneCommands {
     // The arrangement or a pane's visibility is another one: once for each call or action of the user. Not
     // sent for a new size of the host.
     void LayoutChanged();
-    void PaneClosed(const QString& name);  // after the user closed the pane, whoever saw to it
 
   protected:
     void resizeEvent(QResizeEvent* event) override;

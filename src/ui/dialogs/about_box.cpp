@@ -9,6 +9,7 @@
 #include "ui/controls/connect.h"
 #include "ui/controls/image_list.h"
 #include "ui/dialogs/dialog.h"
+#include "ui/dialogs/fields.h"
 
 namespace tessel {
 
@@ -32,15 +33,6 @@ constexpr std::pair<const char*, const char*> libraries[] = {{"Qt", "LGPL 3"},
                                                              {"CLI11", "BSD 3-Clause"},
                                                              {"Graphviz", "EPL 1.0"}};
 
-QLabel* Line(const char* name, const QString& text) {
-    auto* label = new QLabel(text);
-    label->setObjectName(name);
-    label->setTextFormat(Qt::PlainText);
-    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-    label->setWordWrap(true);
-    return label;
-}
-
 QLabel* Picture(const QWidget& dialog) {
     auto* picture = new QLabel;
     picture->setObjectName("imgProduct");
@@ -49,7 +41,7 @@ QLabel* Picture(const QWidget& dialog) {
 }
 
 QLabel* Heading(const QString& text) {
-    QLabel* heading = Line("lblName", text);
+    QLabel* heading = ValueLabel("lblName", text);
     QFont font = heading->font();
     font.setPointSizeF(font.pointSizeF() * 1.6);
     font.setBold(true);
@@ -82,9 +74,10 @@ void ShowAbout(ComponentState& state, QWidget* owner) {
     auto* grid = new QGridLayout(&dialog);
     grid->addWidget(Picture(dialog), 0, 0, 2, 1, Qt::AlignTop);
     grid->addWidget(Heading(Caption(product)), 0, 1);
-    grid->addWidget(Line("lblVersion", Caption(texts.Format(versionText, {TESSEL_VERSION}))), 1, 1);
-    grid->addWidget(Line("lblPurpose", Caption(texts.Text(purposeText))), 2, 1);
-    grid->addWidget(Line("lblLibraries", Caption(texts.Text(librariesText)) + '\n' + Libraries(texts)), 3, 1);
+    grid->addWidget(ValueLabel("lblVersion", Caption(texts.Format(versionText, {TESSEL_VERSION}))), 1, 1);
+    grid->addWidget(ValueLabel("lblPurpose", Caption(texts.Text(purposeText))), 2, 1);
+    grid->addWidget(ValueLabel("lblLibraries", Caption(texts.Text(librariesText)) + '\n' + Libraries(texts)),
+                    3, 1);
     grid->addWidget(buttons, 4, 0, 1, 2);
     grid->setColumnStretch(1, 1);
     grid->setColumnMinimumWidth(1, dialog.fontMetrics().averageCharWidth() * widthInCharacters);

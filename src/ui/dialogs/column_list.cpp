@@ -7,12 +7,12 @@
 
 #include "ui/controls/connect.h"
 #include "ui/rules/list_widths.h"
+#include "ui/rules/twips.h"
 
 namespace tessel {
 
 namespace {
 
-constexpr int twipsPerPixel = 15;
 constexpr int airBetweenRows = 6;
 constexpr int border = 6;       // that FitFirstColumn leaves out
 constexpr int rowsAtFirst = 9;  // that there is room for

@@ -1,20 +1,11 @@
 #include "ui/dialogs/column_model.h"
 
 #include <QFont>
-#include <QPixmap>
 #include <algorithm>
 
 namespace tessel {
 
 namespace {
-
-constexpr int largestIcon = 64;
-
-QIcon EmptyIcon() {
-    QPixmap empty(largestIcon, largestIcon);
-    empty.fill(Qt::transparent);
-    return empty;
-}
 
 bool IsSameColumn(const ColumnItem& one, const ColumnItem& other) { return one.columnID == other.columnID; }
 
@@ -61,12 +52,12 @@ int ColumnModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant ColumnModel::data(const QModelIndex& index, int role) const {
-    static const QIcon empty = EmptyIcon();
+    static const QIcon blank = BlankIcon();
     if (!index.isValid()) return {};
     const ColumnItem& item = items_[static_cast<std::size_t>(index.row())];
     if (role == Qt::DisplayRole) return item.texts.value(index.column());
     if (index.column() != 0) return {};
-    if (role == Qt::DecorationRole) return item.icon.isEmpty() ? empty : icons_.Icon(item.icon);
+    if (role == Qt::DecorationRole) return item.icon.isEmpty() ? blank : icons_.Icon(item.icon);
     if (role == Qt::ForegroundRole && item.isRed) return red_;
     if (role != Qt::FontRole || !item.isBold) return {};
     QFont bold;

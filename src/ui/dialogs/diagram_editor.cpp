@@ -1,12 +1,12 @@
 #include "ui/dialogs/diagram_editor.h"
 
-#include <QApplication>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "platform/diagram/diagram_file.h"
+#include "ui/controls/busy.h"
 #include "ui/controls/connect.h"
 #include "ui/controls/help_window.h"
 #include "ui/dialogs/diagram_services.h"
@@ -23,25 +23,6 @@ constexpr int titleText = 2670;
 constexpr int elsewhereText = 2671;
 constexpr int backText = 2672;
 constexpr int cannotSaveText = 2654;
-
-// While it lives the window takes no input and the pointer is the hourglass.
-class Waiting {
-  public:
-    explicit Waiting(QWidget& window) : window_(window), wasEnabled_(window.isEnabled()) {
-        QApplication::setOverrideCursor(Qt::WaitCursor);
-        window_.setEnabled(false);
-    }
-    ~Waiting() {
-        window_.setEnabled(wasEnabled_);
-        QApplication::restoreOverrideCursor();
-    }
-    Waiting(const Waiting&) = delete;
-    Waiting& operator=(const Waiting&) = delete;
-
-  private:
-    QWidget& window_;
-    bool wasEnabled_;
-};
 
 // Puts one in the other's place.
 void Replace(QWidget& old, QWidget& renewed) {
@@ -128,7 +109,7 @@ bool DiagramEditor::eventFilter(QObject* watched, QEvent* event) {
 void EditDiagram(ComponentState& state, TDiagram& diagram, const std::string& file) {
     QWidget& window = *diagram.window();
     if (window.objectName() == name) return window.activateWindow();
-    const Waiting waiting(window);
+    const Busy busy(window);
     auto* editor = new DiagramEditor(state, diagram, file);
     editor->showMaximized();
 }

@@ -180,9 +180,10 @@ void PrintPreview::ShowWholePages() {
 
 void PrintPreview::showEvent(QShowEvent* event) {
     Dialog::showEvent(event);
-    OKButton().setText(Text(printText));
     Refresh();
 }
+
+QString PrintPreview::OKCaption() const { return Text(printText); }
 
 QSize PrintPreview::sizeHint() const {
     return {sizeInCharacters.width() * fontMetrics().averageCharWidth(),

@@ -26,6 +26,7 @@ class PrintPreview : public Dialog {
     [[nodiscard]] QSize sizeHint() const override;
 
   protected:
+    [[nodiscard]] QString OKCaption() const override;
     void showEvent(QShowEvent* event) override;
 
   private:

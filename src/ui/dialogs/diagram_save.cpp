@@ -3,6 +3,7 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QMimeData>
+#include <memory>
 
 #include "platform/files/file_service.h"
 #include "ui/dialogs/diagram_formats.h"
@@ -14,7 +15,6 @@ namespace tessel {
 
 namespace {
 
-constexpr int replaceText = 2653;
 constexpr int cannotSaveText = 2654;
 
 class SaveDialog : public QFileDialog {
@@ -51,9 +51,7 @@ bool Save(const ComponentState& state, const TDiagram& diagram, const std::strin
           const SaveDialog& dialog) {
     const std::string path = dialog.Path();
     try {
-        if (files::FileExists(path) &&
-            !IsConfirmed(state, state.texts->Format(replaceText, {path}), host::Icon::Exclamation))
-            return false;
+        if (!MayReplace(state, path)) return false;
         files::ReplaceFile(path, dialog.Format().content(diagram, name));
         return true;
     } catch (const Error& error) {
@@ -65,11 +63,11 @@ bool Save(const ComponentState& state, const TDiagram& diagram, const std::strin
 }  // namespace
 
 void CopyDiagram(const TDiagram& diagram) {
-    auto* content = new QMimeData;
+    auto content = std::make_unique<QMimeData>();
     content->setImageData(SharpPicture(diagram));
     content->setData("image/svg+xml", QByteArray::fromStdString(
                                           diagram.SvgPicture(diagram.window()->windowTitle().toStdString())));
-    QGuiApplication::clipboard()->setMimeData(content);
+    QGuiApplication::clipboard()->setMimeData(content.release());
 }
 
 void SaveDiagramAs(ComponentState& state, const TDiagram& diagram, const std::string& title,

@@ -5,6 +5,9 @@
 #include <QLocale>
 #include <QRegularExpression>
 #include <QStyle>
+#include <QTextDocument>
+#include <QVBoxLayout>
+#include <limits>
 
 namespace tessel {
 
@@ -20,6 +23,7 @@ QLabel* ValueLabel(const char* name, const QString& text) {
 QLabel* CaptionLabel(const char* name, const QString& text, QWidget* buddy) {
     auto* label = new QLabel(text);
     label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
     label->setBuddy(buddy);
     return label;
 }
@@ -32,6 +36,15 @@ QLabel* PictureLabel(const char* name, const QIcon& icon) {
     return label;
 }
 
+TextLine::TextLine(const std::string& text) : original_(text) {
+    setMaxLength(std::numeric_limits<int>::max());
+    setText(QString::fromStdString(text));
+}
+
+std::string TextLine::Text() const {
+    return text() == QString::fromStdString(original_) ? original_ : text().toStdString();
+}
+
 CommentBox::CommentBox(const char* name, const std::string& text, const QString& accessibleName)
     : QPlainTextEdit(QString::fromStdString(text)), original_(text) {
     setObjectName(name);
@@ -41,7 +54,18 @@ CommentBox::CommentBox(const char* name, const std::string& text, const QString&
 
 std::string CommentBox::Text() const {
     if (!document()->isModified()) return original_;
-    return toPlainText().replace('\n', "\r\n").toStdString();
+    // toPlainText makes blanks of no-break spaces.
+    return document()
+        ->toRawText()
+        .replace(QChar::ParagraphSeparator, "\r\n")
+        .replace(QChar::LineSeparator, "\r\n")
+        .toStdString();
+}
+
+QWidget* CommentPage(CommentBox* box) {
+    auto* page = new QWidget;
+    (new QVBoxLayout(page))->addWidget(box);
+    return page;
 }
 
 QString LongTime(DateTime when) {

@@ -5,7 +5,6 @@
 #include <QFontDatabase>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QSpinBox>
@@ -14,9 +13,9 @@
 #include <limits>
 
 #include "tessel/convert.h"
-#include "tessel/error.h"
 #include "ui/controls/connect.h"
 #include "ui/dialogs/dialog.h"
+#include "ui/dialogs/fields.h"
 #include "ui/dialogs/form_file.h"
 
 namespace tessel {
@@ -38,15 +37,6 @@ constexpr int fewest = 5;
 constexpr int mostOfNote = 20;
 constexpr int mostOfList = 14;
 
-template <typename Result>
-Result Converted(const Value& value, Result (*convert)(const Value&)) {
-    try {
-        return value.IsNull() || value.IsMissing() ? Result() : convert(value);
-    } catch (const Error&) {
-        return Result();
-    }
-}
-
 // A view that would like to be of that size.
 template <typename View>
 class Roomy : public View {
@@ -64,36 +54,28 @@ QSize BordersOf(const QAbstractScrollArea& view) {
     return {bar + frame, bar + frame};
 }
 
-QLineEdit* MakeLine(const FormField& field) {
-    auto* line = new QLineEdit;
-    line->setMaxLength(std::numeric_limits<int>::max());
-    line->setText(QString::fromStdString(Converted(field.value, ToText)));
+TextLine* MakeLine(const FormField& field) {
+    auto* line = new TextLine(ToText(field.value));
     line->setMinimumWidth(line->fontMetrics().averageCharWidth() * lineWidth);
     line->setCursorPosition(0);
     return line;
 }
 
-std::function<Value()> TextOf(const QLineEdit* line, const FormField& field) {
-    return [line, original = Converted(field.value, ToText)] {
-        return line->isModified() ? Value(line->text().toStdString()) : Value(original);
-    };
-}
-
 FormControl MakeText(const FormField& field) {
     auto* line = MakeLine(field);
-    return {.widget = line, .value = TextOf(line, field)};
+    return {.widget = line, .value = [line] { return Value(line->Text()); }};
 }
 
 FormControl MakeNumber(const FormField& field) {
     auto* box = new QSpinBox;
     box->setRange(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
-    box->setValue(Converted(field.value, ToInt32));
+    box->setValue(ToInt32(field.value));
     return {.widget = box, .value = [box] { return Value(std::int32_t{box->value()}); }};
 }
 
 FormControl MakeCheck(const FormField& field) {
     auto* box = new QCheckBox(Caption(field.caption));
-    box->setChecked(Converted(field.value, ToBoolean));
+    box->setChecked(ToBoolean(field.value));
     return {.widget = box, .place = Place::WithCaption, .value = [box] { return Value(box->isChecked()); }};
 }
 
@@ -106,11 +88,8 @@ FormControl MakeChoice(const FormField& field) {
         widest = std::clamp(caption.size(), widest, std::size_t{widestColumn});
     }
     box->setMinimumContentsLength(static_cast<int>(widest));
-    const QString chosen = QString::fromStdString(Converted(field.value, ToText));
-    box->setCurrentIndex(std::max(box->findData(chosen), box->count() > 0 ? 0 : -1));
-    return {.widget = box, .value = [box] {
-                return box->currentIndex() < 0 ? Value() : Value(box->currentData().toString().toStdString());
-            }};
+    box->setCurrentIndex(box->findData(QString::fromStdString(ToText(field.value))));
+    return {.widget = box, .value = [box] { return Value(box->currentData().toString().toStdString()); }};
 }
 
 FormControl MakeFile(const ComponentState& state, const FormField& field) {
@@ -124,20 +103,18 @@ FormControl MakeFile(const ComponentState& state, const FormField& field) {
     browse->setAutoDefault(false);
     Connect(browse, &QPushButton::clicked, line, [&state, field, line] {
         const QString path = ChooseFile(state, field, line->text(), line->window());
-        if (path.isEmpty()) return;
-        line->setText(path);
-        line->setModified(true);
+        if (!path.isEmpty()) line->setText(path);
     });
     row->addWidget(line, 1);
     row->addWidget(browse);
     place->setFocusProxy(line);
-    return {.widget = place, .value = TextOf(line, field)};
+    return {.widget = place, .value = [line] { return Value(line->Text()); }};
 }
 
 FormControl MakeNote(const FormField& field) {
     auto* note = new Roomy<QPlainTextEdit>;
     note->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    note->setPlainText(Caption(Converted(field.value, ToText)));
+    note->setPlainText(Caption(ToText(field.value)));
     note->setReadOnly(true);
     note->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     note->setTabChangesFocus(true);

@@ -17,8 +17,8 @@ struct FormControl {
     std::function<Value()> value{};  // what it holds; none for what is only read
 };
 
-// The objectName is the field's key; a file's line has a button KEY_browse beside it. A value at first that
-// does not suit the field counts as not given. What the user does not touch keeps its value to the letter.
+// The objectName is the field's key; a file's line has a button KEY_browse beside it. What the user does not
+// touch keeps its value to the letter.
 [[nodiscard]] FormControl MakeFormControl(const ComponentState& state, const host::FormField& field);
 
 }  // namespace tessel

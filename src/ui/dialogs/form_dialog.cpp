@@ -6,7 +6,6 @@
 #include <QStyle>
 
 #include "ui/dialogs/fields.h"
-#include "ui/rules/help_contexts.h"
 
 namespace tessel {
 
@@ -35,7 +34,6 @@ class FormArea : public QScrollArea {
 QLabel* LabelOf(const host::FormField& field, QWidget* control) {
     const QString caption = Caption(field.caption);
     auto* label = CaptionLabel("", caption, control);
-    label->setTextFormat(Qt::PlainText);
     label->setWordWrap(caption.size() > longCaption);
     return label;
 }
@@ -43,7 +41,7 @@ QLabel* LabelOf(const host::FormField& field, QWidget* control) {
 }  // namespace
 
 FormDialog::FormDialog(ComponentState& state, const host::Form& form, QWidget* owner)
-    : Dialog(state, "frmForm", help_context::addOns, owner), okCaption_(Caption(form.okCaption)) {
+    : Dialog(state, "frmForm", form.helpContext, owner), okCaption_(Caption(form.okCaption)) {
     setWindowTitle(form.title.empty() ? Caption(state.Title()) : Caption(form.title));
     auto* page = new QWidget;
     auto* rows = new QFormLayout(page);

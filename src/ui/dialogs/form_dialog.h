@@ -11,8 +11,8 @@ class QFormLayout;
 
 namespace tessel {
 
-// The dialog frmForm, which shows the form that an add-on describes: each field by a control whose objectName
-// is the field's key. What does not fit the window is scrolled.
+// The dialog frmForm, which shows each field of a form by a control whose objectName is the field's key. What
+// does not fit the window is scrolled.
 class FormDialog : public Dialog {
   public:
     FormDialog(ComponentState& state, const host::Form& form, QWidget* owner);

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTabWidget>
+#include <map>
 
 #include "ui/controls/connect.h"
 #include "ui/controls/image_list.h"
@@ -35,13 +36,6 @@ constexpr int primaryKeyText = 2512;
 
 constexpr int fieldSpan = 2;  // in columns of the grid: beside a name stands the key
 
-template <typename Control>
-Control* Named(const char* name, const QString& caption = {}) {
-    auto* control = new Control(caption);
-    control->setObjectName(name);
-    return control;
-}
-
 }  // namespace
 
 bool frmColumn::Edit(ComponentState& state, QWidget* owner, ColumnDialog& rules) {
@@ -64,7 +58,7 @@ frmColumn::frmColumn(ComponentState& state, QWidget* owner, ColumnDialog& rules)
     setWindowTitle(Text(titleText));
     tabs_->setObjectName("SSTab1");
     tabs_->addTab(GeneralPage(), Text(generalText));
-    tabs_->addTab(CommentsPage(), Text(commentsText));
+    tabs_->addTab(CommentPage(txtComment_), Text(commentsText));
     Body().addWidget(tabs_);
     ListenToFields();
     rules_.WatchFocus([this](ColumnDialog::Field field) { Focus(field); });
@@ -84,12 +78,6 @@ QWidget* frmColumn::GeneralPage() {
     grid->setRowStretch(grid->rowCount(), 1);
     grid->addWidget(cmdDefault, grid->rowCount(), 0, 1, fieldSpan + 1, Qt::AlignRight);
     grid->setColumnStretch(1, 1);
-    return page;
-}
-
-QWidget* frmColumn::CommentsPage() {
-    auto* page = new QWidget;
-    (new QVBoxLayout(page))->addWidget(txtComment_);
     return page;
 }
 

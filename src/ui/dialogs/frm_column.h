@@ -26,7 +26,6 @@ class frmColumn : public Dialog {
     ~frmColumn() override;
 
     [[nodiscard]] QWidget* GeneralPage();
-    [[nodiscard]] QWidget* CommentsPage();
     void AddHeading(QGridLayout& grid);
     void AddFields(QGridLayout& grid);
     void ListenToFields();

@@ -42,12 +42,6 @@ QGroupBox* Frame(const char* name, QLabel* type) {
     return frame;
 }
 
-QPushButton* Button(const char* name, const QString& caption) {
-    auto* button = new QPushButton(caption);
-    button->setObjectName(name);
-    return button;
-}
-
 }  // namespace
 
 bool frmForeignKey::Edit(ComponentState& state, QWidget* owner, ForeignKeyDialog& rules) {
@@ -60,8 +54,8 @@ frmForeignKey::frmForeignKey(ComponentState& state, QWidget* owner, ForeignKeyDi
       lvColumns_{new ColumnList("lvColumns_0"), new ColumnList("lvColumns_1")},
       lblType_{ValueLabel("lblType_0", {}), ValueLabel("lblType_1", {})},
       lines_(new LinkLines(*lvColumns_[Referencing], *lvColumns_[Referenced])),
-      cmdLink_(Button("cmdLink", Text(linkText))),
-      cmdUnlink_(Button("cmdUnlink", Text(unlinkText))),
+      cmdLink_(Named<QPushButton>("cmdLink", Text(linkText))),
+      cmdUnlink_(Named<QPushButton>("cmdUnlink", Text(unlinkText))),
       cmbIndex_(ChoiceBox("cmbIndex", rules.IndexNames())),
       cmbOnDelete_(ChoiceBox("cmbOnDelete", rules.DeleteRules())),
       txtComment_(new ShortComment("txtComment", rules.Comment(), Text(commentText).remove('&'))) {

@@ -41,12 +41,6 @@ QToolButton* ArrowButton(const char* name, Qt::ArrowType arrow, const QString& m
     return button;
 }
 
-QCheckBox* Check(const char* name, const QString& caption) {
-    auto* box = new QCheckBox(caption);
-    box->setObjectName(name);
-    return box;
-}
-
 }  // namespace
 
 bool frmIndex::Edit(ComponentState& state, QWidget* owner, IndexDialog& rules) {
@@ -62,12 +56,11 @@ frmIndex::frmIndex(ComponentState& state, QWidget* owner, IndexDialog& rules)
               ArrowButton("cmdAdd_1", Qt::LeftArrow, Text(removeText))},
       cmdMove_{ArrowButton("cmdMove_0", Qt::UpArrow, Text(upText)),
                ArrowButton("cmdMove_1", Qt::DownArrow, Text(downText))},
-      cmdDesc_(new QPushButton),
-      chkPrimary_(Check("chkPrimary", Text(primaryText))),
-      chkUnique_(Check("chkUnique", Text(uniqueText))),
+      cmdDesc_(Named<QPushButton>("cmdDesc")),
+      chkPrimary_(Named<QCheckBox>("chkPrimary", Text(primaryText))),
+      chkUnique_(Named<QCheckBox>("chkUnique", Text(uniqueText))),
       txtComment_(new ShortComment("txtComment", rules.Comment(), Text(commentText).remove('&'))) {
     setWindowTitle(Caption(rules_.Caption()));
-    cmdDesc_->setObjectName("cmdDesc");
     cmdDesc_->setToolTip(Text(directionText));
     lvColumns_[Available]->SetHeaders({Text(availableText), Text(typeText), Text(iconText)});
     lvColumns_[InIndex]->SetHeaders({Text(inIndexText), Text(typeText), Text(iconText)});

@@ -1,7 +1,6 @@
 #include "ui/dialogs/frm_table.h"
 
 #include <QFormLayout>
-#include <QLineEdit>
 #include <QTabWidget>
 
 #include "ui/controls/image_list.h"
@@ -31,13 +30,13 @@ bool frmTable::Edit(ComponentState& state, QWidget* owner, std::int32_t tableId,
 frmTable::frmTable(ComponentState& state, QWidget* owner, TableDialog& rules)
     : Dialog(state, "frmTable", help_context::tableDialog, owner),
       rules_(rules),
-      txtStorage_(new QLineEdit(QString::fromStdString(rules.storageOption))),
+      txtStorage_(new TextLine(rules.storageOption)),
       txtComment_(new CommentBox("txtComment", rules.comment, Text(commentsText).remove('&'))) {
     setWindowTitle(Text(titleText));
     auto* tabs = new QTabWidget;
     tabs->setObjectName("SSTab1");
     tabs->addTab(GeneralPage(), Text(generalText));
-    tabs->addTab(CommentsPage(), Text(commentsText));
+    tabs->addTab(CommentPage(txtComment_), Text(commentsText));
     Body().addWidget(tabs);
 }
 
@@ -55,14 +54,8 @@ QWidget* frmTable::GeneralPage() {
     return page;
 }
 
-QWidget* frmTable::CommentsPage() {
-    auto* page = new QWidget;
-    (new QVBoxLayout(page))->addWidget(txtComment_);
-    return page;
-}
-
 bool frmTable::Confirm() {
-    rules_.storageOption = txtStorage_->text().toStdString();
+    rules_.storageOption = txtStorage_->Text();
     rules_.comment = txtComment_->Text();
     return rules_.Write();
 }

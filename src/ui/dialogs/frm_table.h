@@ -3,11 +3,10 @@
 #include "ui/dialogs/dialog.h"
 #include "ui/rules/table_dialog.h"
 
-class QLineEdit;
-
 namespace tessel {
 
 class CommentBox;
+class TextLine;
 
 // The table dialog.
 class frmTable : public Dialog {
@@ -21,11 +20,10 @@ class frmTable : public Dialog {
     frmTable(ComponentState& state, QWidget* owner, TableDialog& rules);
 
     [[nodiscard]] QWidget* GeneralPage();
-    [[nodiscard]] QWidget* CommentsPage();
     [[nodiscard]] bool Confirm() override;
 
     TableDialog& rules_;
-    QLineEdit* txtStorage_;
+    TextLine* txtStorage_;
     CommentBox* txtComment_;
 };
 

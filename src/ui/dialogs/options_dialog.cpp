@@ -4,21 +4,20 @@
 #include <QComboBox>
 #include <QFormLayout>
 #include <QGroupBox>
-#include <QLabel>
-#include <QLineEdit>
 #include <QScrollArea>
 #include <QSpinBox>
 #include <QStyle>
 #include <limits>
 
+#include "ui/dialogs/fields.h"
 #include "ui/rules/help_contexts.h"
+#include "ui/rules/twips.h"
 
 namespace tessel {
 
 namespace {
 
 constexpr int titleText = 2100;
-constexpr int twipsPerPixel = 15;
 
 void Name(QWidget& control, const char* prefix, const Option& option) {
     control.setObjectName(prefix + QString::fromStdString(option.name));
@@ -26,13 +25,12 @@ void Name(QWidget& control, const char* prefix, const Option& option) {
 }
 
 void AddRow(QFormLayout& form, const Option& option, QWidget* control) {
-    form.addRow(Caption(option.caption), control);
+    form.addRow(CaptionLabel("", Caption(option.caption), control), control);
 }
 
 void AddHint(QFormLayout& form, const Option& option) {
     if (option.hint.empty()) return;
-    auto* hint = new QLabel(Caption(option.hint));
-    hint->setTextFormat(Qt::PlainText);
+    auto* hint = CaptionLabel("", Caption(option.hint));
     hint->setWordWrap(true);
     hint->setIndent(hint->style()->pixelMetric(QStyle::PM_IndicatorWidth) +
                     hint->style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing));
@@ -81,14 +79,14 @@ void OptionsDialog::AddBool(QFormLayout& form, const Option& option) {
     Name(*box, "chk", option);
     box->setChecked(option.value == "True");
     form.addRow(box);
-    fields_.emplace_back(&option, [box] { return box->isChecked() ? "True" : "False"; });
+    fields_.emplace_back(&option, [box] { return std::string(box->isChecked() ? "True" : "False"); });
 }
 
 void OptionsDialog::AddText(QFormLayout& form, const Option& option) {
-    auto* line = new QLineEdit(QString::fromStdString(option.value));
+    auto* line = new TextLine(option.value);
     Name(*line, "txt", option);
     AddRow(form, option, line);
-    fields_.emplace_back(&option, [line] { return line->text(); });
+    fields_.emplace_back(&option, [line] { return line->Text(); });
 }
 
 void OptionsDialog::AddNumber(QFormLayout& form, const Option& option) {
@@ -97,7 +95,7 @@ void OptionsDialog::AddNumber(QFormLayout& form, const Option& option) {
     box->setRange(std::numeric_limits<int>::min(), std::numeric_limits<int>::max());
     box->setValue(std::stoi(option.value));
     AddRow(form, option, box);
-    fields_.emplace_back(&option, [box] { return QString::number(box->value()); });
+    fields_.emplace_back(&option, [box] { return std::to_string(box->value()); });
 }
 
 void OptionsDialog::AddList(QFormLayout& form, const Option& option) {
@@ -108,7 +106,7 @@ void OptionsDialog::AddList(QFormLayout& form, const Option& option) {
     box->setCurrentIndex(box->findData(QString::fromStdString(option.value)));
     AddRow(form, option, box);
     fields_.emplace_back(&option, [box, &option] {
-        return box->currentIndex() < 0 ? QString::fromStdString(option.value) : box->currentData().toString();
+        return box->currentIndex() < 0 ? option.value : box->currentData().toString().toStdString();
     });
 }
 
@@ -122,7 +120,7 @@ void OptionsDialog::AddGroup(QFormLayout& form, const Option& option) {
 }
 
 bool OptionsDialog::Confirm() {
-    for (const auto& [option, value] : fields_) rules_.Set(*option, value().toStdString());
+    for (const auto& [option, value] : fields_) rules_.Set(*option, value());
     rules_.Save();
     return true;
 }

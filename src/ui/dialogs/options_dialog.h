@@ -23,7 +23,6 @@ class OptionsDialog : public Dialog {
     [[nodiscard]] QSize sizeHint() const override { return size_; }
 
   private:
-    [[nodiscard]] QFormLayout* AddArea();
     void Add(QFormLayout& form, const Option& option);
     void AddBool(QFormLayout& form, const Option& option);
     void AddText(QFormLayout& form, const Option& option);
@@ -35,7 +34,7 @@ class OptionsDialog : public Dialog {
     OptionCase& rules_;
     QSize size_;
     // What gives each option its value.
-    std::vector<std::pair<const Option*, std::function<QString()>>> fields_;
+    std::vector<std::pair<const Option*, std::function<std::string()>>> fields_;
 };
 
 // Lets the user edit the options of the case at the XPath in the host's project options, and keeps them;

@@ -4,7 +4,7 @@ namespace tessel {
 
 BrowserModel::BrowserModel(BrowserList& list, const text::Texts& texts)
     : list_(list), texts_(texts), images_(BrowserImages()) {
-    list_.Watch([this](const BrowserChange& change, const auto& apply) { Follow(change, apply); });
+    list_.Watch([this](const RowsChange& change, const auto& apply) { Follow(change, apply); });
 }
 
 BrowserModel::~BrowserModel() { list_.Watch(nullptr); }

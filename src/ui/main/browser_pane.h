@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QObject>
-#include <optional>
 
 #include "schema/component_state.h"
 #include "ui/controls/list_view.h"

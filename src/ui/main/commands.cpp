@@ -1,7 +1,5 @@
 #include "ui/main/commands.h"
 
-#include <algorithm>
-
 #include "ui/controls/connect.h"
 #include "ui/controls/image_list.h"
 

@@ -27,8 +27,6 @@ class Commands {
     void Popup(const char* menu, const QPoint& place, const char* defaultItem = nullptr) const;
 
   private:
-    void AddMenu(const text::Texts& texts, QMenuBar& menuBar, const char* name);
-
     QMenuBar& menuBar_;
     QToolBar& toolbar_;
 };

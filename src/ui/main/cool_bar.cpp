@@ -1,6 +1,7 @@
 #include "ui/main/cool_bar.h"
 
 #include <QHBoxLayout>
+#include <QTextDocument>
 #include <algorithm>
 
 namespace tessel {
@@ -35,7 +36,7 @@ CoolBar::CoolBar(const QString& progressCaption)
 void CoolBar::ShowProgress(const QString& caption, int total) {
     const QFontMetrics letters = lblProgress_->fontMetrics();
     lblProgress_->setText(letters.elidedText(caption.simplified(), Qt::ElideRight, widestCaption));
-    lblProgress_->setToolTip(caption);
+    lblProgress_->setToolTip(Qt::convertFromPlainText(caption, Qt::WhiteSpaceNormal));
     pbProgress_->setRange(0, std::max(total, 1));
     pbProgress_->setValue(0);
     SetBandVisible(true);

@@ -5,9 +5,9 @@
 
 #include "platform/files/file_service.h"
 #include "schema/object_keys.h"
+#include "ui/controls/busy.h"
 #include "ui/controls/connect.h"
 #include "ui/dialogs/diagram_services.h"
-#include "ui/main/busy.h"
 #include "ui/main/diagram_pane.h"
 #include "ui/rules/messages.h"
 

@@ -6,6 +6,7 @@
 #include <algorithm>
 
 #include "ui/controls/connect.h"
+#include "ui/rules/twips.h"
 
 namespace tessel {
 
@@ -13,7 +14,6 @@ namespace {
 
 constexpr int tableText = 1001;
 constexpr int messageText = 2067;
-constexpr int iconAndMargin = 450 / 15;  // twips to pixels
 
 }  // namespace
 
@@ -70,7 +70,7 @@ int ErrorsPane::WidthOfTables(const std::vector<ErrorRow>& errors) const {
         last = &error.tableName;
         widest = std::max(widest, metrics.horizontalAdvance(QString::fromStdString(*last)));
     }
-    return widest + iconAndMargin;
+    return widest + iconAndMargin / twipsPerPixel;
 }
 
 }  // namespace tessel

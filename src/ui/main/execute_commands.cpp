@@ -29,6 +29,7 @@ void frmMain::Execute(const AddOnEntry& entry, const QString& title) {
     RunIgnoringErrors([this] { diagram_.Save(); });
     const Busy running(*this);
     {
+        const SuspendedDrawing drawing(diagram_.View());
         ToolWatch watch(state_, *this, title);
         Value result;
         (void)RunAddOn(

@@ -9,6 +9,7 @@
 #include "ui/controls/connect.h"
 #include "ui/controls/help_window.h"
 #include "ui/rules/help_contexts.h"
+#include "ui/rules/twips.h"
 
 namespace tessel {
 
@@ -16,7 +17,7 @@ namespace {
 
 constexpr int loadingTablesText = 2065;
 constexpr int originTitleText = 2066;
-constexpr int smallest = 3000 / 15;  // twips to pixels
+constexpr int smallest = 3000 / twipsPerPixel;
 
 }  // namespace
 
@@ -168,10 +169,14 @@ void frmMain::ShowTable() {
 }
 
 void frmMain::ShowRow(std::int32_t tabID, const char* tab, const std::string& rowKey) {
-    if (!browser_.Select(TableKey(tabID))) return;
-    diagram_.ShowBox(TableKey(tabID));
+    const std::string key = TableKey(tabID);
+    if (!browser_.Tables().Find(key)) return;
+    properties_->Await(tab, rowKey);
+    const BrowserRow* shown = browser_.Selected();
+    const bool isShown = shown && shown->key == key;
+    (void)browser_.Select(key);  // shows it unless it was selected before
+    if (isShown) ShowTable();
     if (std::string_view(tab) == "Keys") diagram_.View().SetCurrentLink(rowKey);
-    properties_->ShowOn(tab, browser_.Selected(), rowKey);
 }
 
 void frmMain::ShowError(const ErrorRow& error) {

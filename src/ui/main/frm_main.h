@@ -6,12 +6,12 @@
 #include <optional>
 
 #include "schema/component_state.h"
+#include "ui/controls/busy.h"
 #include "ui/controls/log_view.h"
 #include "ui/controls/origin_viewer.h"
 #include "ui/controls/qt_settings.h"
 #include "ui/controls/splitter.h"
 #include "ui/main/browser_pane.h"
-#include "ui/main/busy.h"
 #include "ui/main/commands.h"
 #include "ui/main/cool_bar.h"
 #include "ui/main/diagram_pane.h"

@@ -8,14 +8,6 @@ namespace tessel {
 namespace {
 
 constexpr int nameColumn = 0;
-constexpr QSize iconSize(16, 16);
-
-// The names stand in line whether or not there is an icon before them.
-QIcon BlankIcon() {
-    QPixmap blank(iconSize);
-    blank.fill(Qt::transparent);
-    return blank;
-}
 
 QString TextIn(const PropertyRow& row, int column) {
     if (column == nameColumn) return QString::fromStdString(row.text);
@@ -28,7 +20,7 @@ QString TextIn(const PropertyRow& row, int column) {
 
 PropertiesModel::PropertiesModel(PropertiesList& list)
     : list_(list), images_(BrowserImages()), blank_(BlankIcon()) {
-    list_.Watch([this](const BrowserChange& change, const auto& apply) { Follow(change, apply); });
+    list_.Watch([this](const RowsChange& change, const auto& apply) { Follow(change, apply); });
 }
 
 PropertiesModel::~PropertiesModel() { list_.Watch(nullptr); }

@@ -5,18 +5,19 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/text/utf8.h"
 #include "schema/object_keys.h"
 #include "ui/controls/connect.h"
 #include "ui/main/row_drag.h"
+#include "ui/rules/twips.h"
 
 namespace tessel {
 
 namespace {
 
 constexpr int captionText = 562;
-constexpr int twips = 15;  // of a pixel
 constexpr float dimmed = 0.65F;
 
 constexpr PropertiesTab tabs[] = {PropertiesTab::Columns, PropertiesTab::Indexes, PropertiesTab::Keys,
@@ -89,12 +90,17 @@ void PropertiesPane::ConnectList() {
         FitColumns();
         FollowSelection();
     });
-    Connect(&model_, &QAbstractItemModel::rowsInserted, this, &PropertiesPane::WidenColumns);
-    Connect(&model_, &QAbstractItemModel::dataChanged, this, &PropertiesPane::WidenColumns);
+    Connect(&model_, &QAbstractItemModel::rowsInserted, this,
+            [this](const QModelIndex&, int first, int last) { WidenColumns(first, last); });
+    Connect(
+        &model_, &QAbstractItemModel::dataChanged, this,
+        [this](const QModelIndex& first, const QModelIndex& last) { WidenColumns(first.row(), last.row()); });
     const auto* drag = new RowDrag(
-        *lvProperties_,
-        {.mayDrag = [this] { return list_.Tab() == PropertiesTab::Columns; },
-         .starts = [this](QPoint way) { return list_.StartsDrag(way.x() * twips, way.y() * twips); }});
+        *lvProperties_, {.mayDrag = [this] { return list_.Tab() == PropertiesTab::Columns; },
+                         .starts =
+                             [this](QPoint way) {
+                                 return list_.StartsDrag(way.x() * twipsPerPixel, way.y() * twipsPerPixel);
+                             }});
     Connect(drag, &RowDrag::Dropped, this, [this](int row, int target) {
         list_.MoveColumn(static_cast<std::size_t>(row), static_cast<std::size_t>(target));
     });
@@ -108,18 +114,19 @@ bool PropertiesPane::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
-void PropertiesPane::Show(const BrowserRow* table, const std::string& rowKey) {
+void PropertiesPane::Show(const BrowserRow* table) {
+    std::string key = std::exchange(awaitedRow_, {});
     const auto clicked = Clicked();
-    const std::string key = rowKey.empty() && clicked ? list_.Rows()[*clicked].key : rowKey;
+    if (key.empty() && clicked) key = list_.Rows()[*clicked].key;
     list_.Fill(table ? std::optional(PropertiesList::Table{IdentifierOf(table->key), table->text})
                      : std::nullopt);
     Select({key});
 }
 
-void PropertiesPane::ShowOn(const char* tab, const BrowserRow* table, const std::string& rowKey) {
+void PropertiesPane::Await(const char* tab, const std::string& rowKey) {
     for (int index = 0; index < tsProperties_->count(); ++index)
         if (tsProperties_->tabData(index) == tab) tsProperties_->setCurrentIndex(index);
-    Show(table, rowKey);
+    awaitedRow_ = rowKey;
 }
 
 PropertiesPane::Selection PropertiesPane::Selected() const {
@@ -169,26 +176,28 @@ void PropertiesPane::FollowSelection() {
 }
 
 void PropertiesPane::FitColumns() {
-    for (int column = 0; const int width : FittingWidths())
+    for (int column = 0; const int width : FittingWidths(list_.Rows()))
         lvProperties_->header()->resizeSection(column++, width);
 }
 
 // A column that the user made wider stays so.
-void PropertiesPane::WidenColumns() {
+void PropertiesPane::WidenColumns(int first, int last) {
     QHeaderView& header = *lvProperties_->header();
-    for (int column = 0; const int width : FittingWidths()) {
+    const auto begin = list_.Rows().begin();
+    for (int column = 0; const int width : FittingWidths({begin + first, begin + last + 1})) {
         header.resizeSection(column, std::max(width, header.sectionSize(column)));
         ++column;
     }
 }
 
 // The pixel that a fraction of it needs counts as a whole one.
-std::vector<int> PropertiesPane::FittingWidths() const {
+std::vector<int> PropertiesPane::FittingWidths(std::span<const PropertyRow> rows) const {
     const QFontMetricsF metrics(lvProperties_->font());
-    auto widths = list_.ColumnWidths([&](const std::string& text) {
-        return twips * static_cast<int>(std::ceil(metrics.horizontalAdvance(QString::fromStdString(text))));
+    auto widths = list_.ColumnWidths(rows, [&](const std::string& text) {
+        return twipsPerPixel *
+               static_cast<int>(std::ceil(metrics.horizontalAdvance(QString::fromStdString(text))));
     });
-    for (int& width : widths) width /= twips;
+    for (int& width : widths) width /= twipsPerPixel;
     return widths;
 }
 

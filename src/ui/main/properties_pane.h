@@ -2,11 +2,13 @@
 
 #include <QTabBar>
 #include <QWidget>
+#include <span>
 
 #include "schema/component_state.h"
 #include "ui/controls/list_view.h"
 #include "ui/main/commands.h"
 #include "ui/main/properties_model.h"
+#include "ui/rules/browser_list.h"
 
 namespace tessel {
 
@@ -21,11 +23,12 @@ class PropertiesPane : public QWidget {
 
     [[nodiscard]] ListView& View() const { return *lvProperties_; }
 
-    // Shows the parts of the table on the tab that is chosen, and selects the row with this key, if there is
-    // one; no key keeps the row that is selected, and no table empties the list.
-    void Show(const BrowserRow* table, const std::string& rowKey = {});
-    // The same on the tab with this key: "Columns", "Indexes", "Keys" or "Referenced By".
-    void ShowOn(const char* tab, const BrowserRow* table, const std::string& rowKey);
+    // Shows the parts of the table on the tab that is chosen, and selects the row that was awaited, if it is
+    // there, or else the one that was selected; no table empties the list.
+    void Show(const BrowserRow* table);
+    // Chooses the tab with this key, "Columns", "Indexes", "Keys" or "Referenced By", and has the next Show
+    // select the row with this key.
+    void Await(const char* tab, const std::string& rowKey);
 
     // The table has been given this name.
     void NameTable(std::int32_t tabID, const std::string& name) { list_.NameTable(tabID, name); }
@@ -37,7 +40,7 @@ class PropertiesPane : public QWidget {
   signals:
     // The row with this origin reference, trimmed, was selected.
     void OriginWanted(const std::string& tag);
-    // This row of the table is to be shown, as ShowOn does.
+    // This row of the table is to be shown, on the tab with this key.
     void TableWanted(std::int32_t tabID, const char* tab, const std::string& rowKey);
 
   protected:
@@ -57,8 +60,8 @@ class PropertiesPane : public QWidget {
     void Select(const std::vector<std::string>& keys);
     void FollowSelection();
     void FitColumns();
-    void WidenColumns();
-    [[nodiscard]] std::vector<int> FittingWidths() const;  // pixels
+    void WidenColumns(int first, int last);                                                 // for these rows
+    [[nodiscard]] std::vector<int> FittingWidths(std::span<const PropertyRow> rows) const;  // pixels
     void EditName(std::size_t row);
 
     void New();
@@ -80,6 +83,7 @@ class PropertiesPane : public QWidget {
     QTabBar* tsProperties_;
     ListView* lvProperties_;
     QAction* mnuPopupLocateItem_;
+    std::string awaitedRow_;
     bool isDropping_ = false;
 };
 

@@ -8,14 +8,16 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QShortcut>
+#include <QTextDocument>
 #include <algorithm>
+#include <limits>
 #include <utility>
 
+#include "ui/controls/busy.h"
 #include "ui/controls/connect.h"
 #include "ui/controls/help_window.h"
 #include "ui/dialogs/dialog.h"
 #include "ui/dialogs/form_dialog.h"
-#include "ui/main/busy.h"
 
 namespace tessel {
 
@@ -70,6 +72,12 @@ void ShowTexts(QMessageBox& shown, const QString& text, const QString& detail) {
     shown.setDetailedText(detail.isEmpty() ? text : text + "\n\n" + detail);
 }
 
+void ShowPrompt(QInputDialog& shown, const QString& prompt) {
+    shown.setLabelText(Shortened(prompt));
+    if (shown.labelText() != prompt)
+        shown.findChild<QLabel*>()->setToolTip(Qt::convertFromPlainText(prompt, Qt::WhiteSpaceNormal));
+}
+
 }  // namespace
 
 host::Answer QtQuestions::Show(const host::MessageBox& box) {
@@ -89,9 +97,11 @@ std::optional<std::string> QtQuestions::Ask(const host::InputBox& box) {
     QInputDialog dialog(Owner());
     dialog.setObjectName("inputDialog");
     dialog.setWindowTitle(Caption(box.title));
-    dialog.setLabelText(Shortened(Caption(box.prompt)));
-    dialog.setTextValue(Caption(box.text));
-    dialog.findChild<QLineEdit*>()->setObjectName("txtInput");
+    ShowPrompt(dialog, Caption(box.prompt));
+    auto& line = *dialog.findChild<QLineEdit*>();
+    line.setObjectName("txtInput");
+    line.setMaxLength(std::numeric_limits<int>::max());
+    dialog.setTextValue(QString::fromStdString(box.text));
     dialog.resize(inputWidth, dialog.sizeHint().height());
     ShowAsPlainText(dialog);
     if (box.helpContext != 0) {

@@ -7,8 +7,8 @@ class QWidget;
 namespace tessel {
 
 // Asks in boxes over the active window, or over the main window while none is. Texts are shown as they are,
-// never as markup, a long one cut with the whole of it among the details, and the pointer is the usual one
-// also while the component is busy.
+// never as markup, a long one cut with the whole of it among the details, or in the tooltip of an input box's
+// prompt, and the pointer is the usual one also while the component is busy.
 class QtQuestions : public host::Questions {
   public:
     // The state outlives the questions.

@@ -2,25 +2,25 @@
 
 namespace tessel {
 
-void RowsModel::Follow(const BrowserChange& change, const std::function<void()>& apply) {
+void RowsModel::Follow(const RowsChange& change, const std::function<void()>& apply) {
     const int row = static_cast<int>(change.row);
     switch (change.kind) {
-        case BrowserChange::Kind::Insert:
+        case RowsChange::Kind::Insert:
             beginInsertRows({}, row, row);
             apply();
             return endInsertRows();
-        case BrowserChange::Kind::Remove:
+        case RowsChange::Kind::Remove:
             beginRemoveRows({}, row, row);
             apply();
             return endRemoveRows();
-        case BrowserChange::Kind::Move:
+        case RowsChange::Kind::Move:
             beginMoveRows({}, row, row, {}, static_cast<int>(change.to));
             apply();
             return endMoveRows();
-        case BrowserChange::Kind::Renew:
+        case RowsChange::Kind::Renew:
             apply();
             return emit dataChanged(index(row, 0), index(row, columnCount() - 1));
-        case BrowserChange::Kind::Reset:
+        case RowsChange::Kind::Reset:
             beginResetModel();
             apply();
             return endResetModel();

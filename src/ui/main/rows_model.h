@@ -2,7 +2,7 @@
 
 #include <QAbstractTableModel>
 
-#include "ui/rules/browser_list.h"
+#include "ui/rules/rows_change.h"
 
 namespace tessel {
 
@@ -10,7 +10,7 @@ namespace tessel {
 class RowsModel : public QAbstractTableModel {
   protected:
     // What a watcher of the rows does: makes the change, and tells the views of it.
-    void Follow(const BrowserChange& change, const std::function<void()>& apply);
+    void Follow(const RowsChange& change, const std::function<void()>& apply);
 };
 
 }  // namespace tessel

@@ -1,6 +1,5 @@
 #include "ui/main/start_dialog.h"
 
-#include <QDialogButtonBox>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QInputDialog>
@@ -87,46 +86,58 @@ void RememberWorkspace(Settings& settings, const std::string& folder) {
 
 StartDialog::StartDialog(std::shared_ptr<const text::Texts> texts, StartOffers offers,
                          const std::vector<std::string>& recent)
-    : questions_(state_), offers_(std::move(offers)), lvRecent_(new QListWidget) {
+    : questions_(state_),
+      offers_(std::move(offers)),
+      lvRecent_(new QListWidget),
+      buttons_(new QDialogButtonBox(Qt::Vertical)) {
     state_.texts = std::move(texts);
     setObjectName("frmStart");
     setWindowTitle(Text(titleText));
     setWindowIcon(ProductIcon());
+    ListRecent(recent);
+    AddButtons();
+    PlaceParts();
+}
+
+void StartDialog::ListRecent(const std::vector<std::string>& recent) {
     lvRecent_->setObjectName("lvRecent");
     for (const auto& folder : recent) lvRecent_->addItem(QString::fromStdString(folder));
+    lvRecent_->setCurrentRow(0);
     lvRecent_->setMinimumSize(listWidth * fontMetrics().averageCharWidth(),
                               listHeight * fontMetrics().height());
-    Connect(lvRecent_, &QListWidget::itemActivated, this, [this] { OpenRecent(); });
+    // The key Enter is the default button's.
+    Connect(lvRecent_, &QListWidget::itemDoubleClicked, this, [this] { OpenRecent(); });
+}
 
+QPushButton& StartDialog::AddButton(const char* name, int text, const std::function<void()>& act) {
+    QPushButton* button = buttons_->addButton(Text(text), QDialogButtonBox::ActionRole);
+    button->setObjectName(name);
+    Connect(button, &QPushButton::clicked, this, act);
+    return *button;
+}
+
+void StartDialog::AddButtons() {
+    QPushButton& open = AddButton("cmdOpen", openText, [this] { OpenRecent(); });
+    AddButton("cmdOpenFolder", openFolderText, [this] { OpenFolder(); });
+    AddButton("cmdNew", newText, [this] { MakeNew(); });
+    QPushButton& sample = AddButton("cmdSample", sampleText, [this] { Take(offers_.sample); });
+    QPushButton* cancel = buttons_->addButton(Text(cancelText), QDialogButtonBox::RejectRole);
+    cancel->setObjectName("cmdCancel");
+    Connect(buttons_, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    const bool hasRecent = lvRecent_->count() > 0;
+    open.setEnabled(hasRecent);
+    (hasRecent ? open : sample).setDefault(true);
+}
+
+void StartDialog::PlaceParts() {
     auto* label = new QLabel(Text(recentText));
     label->setBuddy(lvRecent_);
     auto* list = new QVBoxLayout;
     list->addWidget(label);
     list->addWidget(lvRecent_);
-    auto* buttons = new QDialogButtonBox(Qt::Vertical);
     auto* row = new QHBoxLayout(this);
     row->addLayout(list, 1);
-    row->addWidget(buttons);
-
-    const auto add = [&](const char* name, int text, const std::function<void()>& act) {
-        QPushButton* button = buttons->addButton(Text(text), QDialogButtonBox::ActionRole);
-        button->setObjectName(name);
-        Connect(button, &QPushButton::clicked, this, act);
-        return button;
-    };
-    QPushButton* open = add("cmdOpen", openText, [this] { OpenRecent(); });
-    add("cmdOpenFolder", openFolderText, [this] { OpenFolder(); });
-    add("cmdNew", newText, [this] { MakeNew(); });
-    QPushButton* sample = add("cmdSample", sampleText, [this] { Take(offers_.sample); });
-    QPushButton* cancel = buttons->addButton(Text(cancelText), QDialogButtonBox::RejectRole);
-    cancel->setObjectName("cmdCancel");
-    Connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
-
-    Connect(lvRecent_, &QListWidget::currentRowChanged, open,
-            [open](int current) { open->setEnabled(current >= 0); });
-    lvRecent_->setCurrentRow(0);
-    open->setEnabled(!recent.empty());
-    (recent.empty() ? sample : open)->setDefault(true);
+    row->addWidget(buttons_);
 }
 
 QString StartDialog::Text(int number) const { return Caption(state_.texts->Text(number)); }

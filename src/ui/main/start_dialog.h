@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QDialogButtonBox>
 #include <QListWidget>
 #include <functional>
 #include <memory>
@@ -45,6 +46,12 @@ class StartDialog : public QDialog {
     [[nodiscard]] const StartChoice& Choice() const { return choice_; }  // once accepted
 
   private:
+    void ListRecent(const std::vector<std::string>& recent);
+    // Makes a button whose click does this.
+    QPushButton& AddButton(const char* name, int text, const std::function<void()>& act);
+    void AddButtons();
+    void PlaceParts();
+
     void OpenRecent();
     void OpenFolder();
     void MakeNew();
@@ -56,6 +63,7 @@ class StartDialog : public QDialog {
     QtQuestions questions_;
     StartOffers offers_;
     QListWidget* lvRecent_;
+    QDialogButtonBox* buttons_;
     StartChoice choice_;
 };
 

@@ -4,7 +4,6 @@
 #include <QDialogButtonBox>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <utility>
 
 #include "ui/controls/connect.h"
 #include "ui/dialogs/dialog.h"

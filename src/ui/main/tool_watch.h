@@ -7,7 +7,7 @@
 #include <string>
 
 #include "runner/run_add_on.h"
-#include "ui/main/busy.h"
+#include "ui/controls/busy.h"
 
 namespace tessel {
 

@@ -86,7 +86,6 @@ void frmMain::ConnectViewCommands() {
     for (const auto& [pane, item, button] : paneCommands) {
         const auto toggle = [this, name = QString(pane)] {
             splitter_->SetPaneVisible(name, !splitter_->IsPaneVisible(name));
-            FollowLayout();
         };
         commands_.On({item}, toggle);
         if (button) commands_.On({button}, toggle);

@@ -32,7 +32,7 @@ void BrowserList::Refresh(db::Database& database, host::Frontend& frontend) {
              .text = row.Text("TableName"),
              .description = OneLine(row["Comments"]),
              .tag = OriginReference(frontend, NullToText(row["RepObjId"]), NullToText(row["CVRL"]))});
-    Change({.kind = BrowserChange::Kind::Reset}, [&] {
+    Change({.kind = RowsChange::Kind::Reset}, [&] {
         rows_ = std::move(rows);
         names_.clear();
         for (const BrowserRow& row : rows_) names_.emplace(row.key, row.text);
@@ -55,7 +55,7 @@ void BrowserList::Draw(const std::string& name, std::int32_t tabID, const Value&
 void BrowserList::Remove(std::string_view key) {
     const auto row = Find(key);
     if (!row) return;
-    Change({.kind = BrowserChange::Kind::Remove, .row = *row}, [&] {
+    Change({.kind = RowsChange::Kind::Remove, .row = *row}, [&] {
         names_.erase(rows_[*row].key);
         rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(*row));
     });
@@ -67,7 +67,7 @@ std::size_t BrowserList::PlaceOf(const std::string& text) const {
 }
 
 void BrowserList::Insert(std::size_t place, BrowserRow row) {
-    Change({.kind = BrowserChange::Kind::Insert, .row = place}, [&] {
+    Change({.kind = RowsChange::Kind::Insert, .row = place}, [&] {
         names_[row.key] = row.text;
         rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(place), std::move(row));
     });
@@ -76,21 +76,17 @@ void BrowserList::Insert(std::size_t place, BrowserRow row) {
 void BrowserList::Renew(std::size_t row, std::size_t place, BrowserRow renewed) {
     if (place < row || place > row + 1) Move(row, place);
     const std::size_t now = place > row ? place - 1 : place;
-    Change({.kind = BrowserChange::Kind::Renew, .row = now}, [&] {
+    Change({.kind = RowsChange::Kind::Renew, .row = now}, [&] {
         names_[renewed.key] = renewed.text;
         rows_[now] = std::move(renewed);
     });
 }
 
 void BrowserList::Move(std::size_t from, std::size_t to) {
-    Change({.kind = BrowserChange::Kind::Move, .row = from, .to = to}, [&] {
-        const auto row = rows_.begin() + static_cast<std::ptrdiff_t>(from);
-        const auto place = rows_.begin() + static_cast<std::ptrdiff_t>(to);
-        from < to ? std::rotate(row, row + 1, place) : std::rotate(place, row, row + 1);
-    });
+    Change({.kind = RowsChange::Kind::Move, .row = from, .to = to}, [&] { MoveRow(rows_, from, to); });
 }
 
-void BrowserList::Change(const BrowserChange& change, const std::function<void()>& apply) {
+void BrowserList::Change(const RowsChange& change, const std::function<void()>& apply) {
     watcher_ ? watcher_(change, apply) : apply();
 }
 

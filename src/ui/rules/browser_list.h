@@ -12,6 +12,7 @@
 #include "host/frontend.h"
 #include "platform/db/database.h"
 #include "tessel/value.h"
+#include "ui/rules/rows_change.h"
 
 namespace tessel {
 
@@ -25,22 +26,10 @@ struct BrowserRow {
     bool operator==(const BrowserRow&) const = default;
 };
 
-// A change of the rows that is about to happen. Rows count from 0, as they stand before the change.
-struct BrowserChange {
-    enum class Kind { Insert, Remove, Move, Renew, Reset };
-    Kind kind;
-    std::size_t row = 0;  // of Insert: the row that the new one goes before; of Reset: unused
-    std::size_t to = 0;   // of Move: the row that the moved one goes before
-
-    bool operator==(const BrowserChange&) const = default;
-};
-
 // The tables that the browser lists, sorted by name without regard to ASCII case.
 class BrowserList {
   public:
-    // Is told of each change and makes it by calling `apply` exactly once.
-    using Watcher = std::function<void(const BrowserChange&, const std::function<void()>& apply)>;
-    void Watch(Watcher watcher) { watcher_ = std::move(watcher); }
+    void Watch(RowsWatcher watcher) { watcher_ = std::move(watcher); }
 
     [[nodiscard]] const std::vector<BrowserRow>& Rows() const { return rows_; }
     [[nodiscard]] std::optional<std::size_t> Find(std::string_view key) const;
@@ -59,11 +48,11 @@ class BrowserList {
     void Insert(std::size_t place, BrowserRow row);
     void Renew(std::size_t row, std::size_t place, BrowserRow renewed);
     void Move(std::size_t from, std::size_t to);
-    void Change(const BrowserChange& change, const std::function<void()>& apply);
+    void Change(const RowsChange& change, const std::function<void()>& apply);
 
     std::vector<BrowserRow> rows_;
     std::unordered_map<std::string, std::string> names_;  // by key
-    Watcher watcher_;
+    RowsWatcher watcher_;
 };
 
 }  // namespace tessel

@@ -29,8 +29,8 @@ std::string IndexColumnText(const std::string& name, bool descends) {
     return descends ? name + " desc" : name;
 }
 
-void AppendListed(std::string& list, const std::string& item) {
-    if (!list.empty()) list += ", ";
+void AppendListed(std::string& list, const std::string& item, std::string_view separator) {
+    if (!list.empty()) list += separator;
     list += item;
 }
 

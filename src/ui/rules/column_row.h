@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "schema/component_state.h"
@@ -30,7 +31,7 @@ struct ColumnRow {
 // A column as the text of an index names it: its name, with " desc" behind it when it descends.
 [[nodiscard]] std::string IndexColumnText(const std::string& name, bool descends);
 
-// Adds the item to a text of items that are parted by ", ".
-void AppendListed(std::string& list, const std::string& item);
+// Adds the item to a text of items that are parted by the separator.
+void AppendListed(std::string& list, const std::string& item, std::string_view separator = ", ");
 
 }  // namespace tessel

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "platform/text/utf8.h"
 #include "schema/project_settings.h"
 #include "tessel/convert.h"
 #include "ui/rules/icon_keys.h"
@@ -44,7 +45,7 @@ void IndexDialog::Fill() {
     for (auto row = state_.Database().Select("select * from IndexColumns where IndexID = " + indexID +
                                              " order by Position");
          row.Next();)
-        TakeIntoIndex(row.Integer("ColumnID"), row.Text("Direction") == "D");
+        TakeIntoIndex(row.Integer("ColumnID"), text::SameText(row.Text("Direction"), "D"));
     const bool isPrimary = state_.Database()
                                .Select("select * from Tables where TabID = " + std::to_string(index_.tabID) +
                                        " and PrimaryIndexID = " + indexID)

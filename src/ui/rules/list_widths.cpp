@@ -2,12 +2,13 @@
 
 #include <algorithm>
 
+#include "ui/rules/twips.h"
+
 namespace tessel {
 
 namespace {
 
 constexpr int narrowest = 1000;
-constexpr int iconAndMargin = 450;
 constexpr int border = 90;
 
 }  // namespace

@@ -1,8 +1,16 @@
 #include "ui/rules/messages.h"
 
+#include "platform/files/file_service.h"
+#include "schema/action.h"
 #include "schema/activity.h"
 
 namespace tessel {
+
+namespace {
+
+constexpr int replaceText = 2653;
+
+}  // namespace
 
 void Tell(const ComponentState& state, const std::string& text, host::Icon icon, const std::string& detail) {
     state.questions->Show({.text = text, .title = state.Title(), .icon = icon, .detail = detail});
@@ -15,11 +23,18 @@ bool IsConfirmed(const ComponentState& state, const std::string& question, host:
                                   .buttons = host::Buttons::OKCancel}) == host::Answer::OK;
 }
 
+bool MayReplace(const ComponentState& state, const std::string& path) {
+    return !files::FileExists(path) ||
+           IsConfirmed(state, state.texts->Format(replaceText, {path}), host::Icon::Exclamation);
+}
+
 bool DoOrTell(ComponentState& state, const UserChange& change, const std::function<bool()>& act) {
     std::string reason;
     bool done = false;
+    trappedReason.clear();
     try {
         done = act();
+        reason = trappedReason;
     } catch (const Error& error) {
         reason = error.what();
     }

@@ -15,6 +15,9 @@ void Tell(const ComponentState& state, const std::string& text, host::Icon icon,
 // Whether the user answers OK and not Cancel.
 [[nodiscard]] bool IsConfirmed(const ComponentState& state, const std::string& question, host::Icon icon);
 
+// Whether a file may be written: none is there, or the user lets it be replaced.
+[[nodiscard]] bool MayReplace(const ComponentState& state, const std::string& path);
+
 // A change of the schema that the user asked for.
 struct UserChange {
     int activity;           // the text of the activity log; its %1 is the subject, its %2 the new name

@@ -29,15 +29,12 @@ class NewKeyDialog {
     // Makes the key; false, after a message, when the dialog stays open.
     [[nodiscard]] bool OK();
 
-    // What the dialog hands back, also after Cancel.
     [[nodiscard]] std::int32_t KeyID() const { return keyID_; }  // -1 while no key was made
-    [[nodiscard]] std::int32_t RefTableID() const;  // the selected table, else the preselected one
 
   private:
     ComponentState& state_;
     std::string tableName_;
     std::int32_t tabID_;
-    std::int32_t refTabID_;
     std::vector<std::string> tableNames_;
     std::vector<std::int32_t> tabIDs_;
     std::optional<std::size_t> table_;

@@ -73,7 +73,7 @@ OptionCase::OptionCase(host::Options& options, const std::string& path, const te
 }
 
 void OptionCase::Set(const Option& option, const std::string& value) {
-    if (value == option.value) return;
+    if (value == ValueOf(option.element, option.kind)) return;
     xml::Element(option.element).SetAttribute("VALUE", value);
     isChanged_ = true;
 }

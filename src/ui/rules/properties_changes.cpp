@@ -25,20 +25,10 @@ constexpr int newColumnActivity = 2440;
 constexpr int newIndexActivity = 2453;
 
 constexpr std::int32_t beforeAll = -1;
-constexpr std::string_view lineBreak = "\r\n";
 
-std::string Joined(const std::vector<std::string>& names, std::string_view separator) {
-    std::string joined;
-    for (const std::string& name : names) {
-        if (!joined.empty()) joined += separator;
-        joined += name;
-    }
-    return joined;
-}
-
-std::vector<std::string> NamesOf(const std::vector<PropertyRow>& rows) {
-    std::vector<std::string> names;
-    for (const PropertyRow& row : rows) names.push_back(row.text);
+std::string NamesOf(const std::vector<PropertyRow>& rows, std::string_view separator = ", ") {
+    std::string names;
+    for (const PropertyRow& row : rows) AppendListed(names, row.text, separator);
     return names;
 }
 
@@ -112,7 +102,7 @@ bool PropertiesList::IsDropConfirmed(const std::vector<PropertyRow>& rows) const
     const auto confirmed = [&](const std::string& name) {
         return IsConfirmed(state_, state_.texts->Format(question, {name}), host::Icon::Warning);
     };
-    if (tab_ == PropertiesTab::Columns) return confirmed(Joined(NamesOf(rows), "," + std::string(lineBreak)));
+    if (tab_ == PropertiesTab::Columns) return confirmed(NamesOf(rows, ",\r\n"));
     return std::ranges::all_of(rows, confirmed, &PropertyRow::text);
 }
 
@@ -133,13 +123,13 @@ void PropertiesList::Drop(const Selection& selection) {
     const auto rows = Chosen(selection);
     if (rows.empty() || !IsDropConfirmed(rows)) return;
     const PropertiesTabInfo& info = InfoOf(tab_);
-    const auto failure = [&](const std::vector<std::string>& names) {
-        return state_.texts->Format(info.dropFailure, {Joined(names, ", ")});
+    const auto failure = [&](const std::string& names) {
+        return state_.texts->Format(info.dropFailure, {names});
     };
     std::vector<std::string> dropped;
-    std::vector<std::string> kept;
+    std::string kept;
     const UserChange change{.activity = info.dropActivity,
-                            .subject = Joined(NamesOf(rows), ", "),
+                            .subject = NamesOf(rows),
                             .complaint = failure(NamesOf(rows)),
                             .icon = info.dropFailureIcon};
     const bool written = WriteOrTell(state_, change, [&] {
@@ -147,7 +137,7 @@ void PropertiesList::Drop(const Selection& selection) {
             if (DropObject(row))
                 dropped.push_back(row.key);
             else
-                kept.push_back(row.text);
+                AppendListed(kept, row.text);
         }
         return !dropped.empty();
     });

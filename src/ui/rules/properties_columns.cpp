@@ -1,6 +1,5 @@
 // What the properties list does with the order of columns and with the clipboard.
 
-#include <algorithm>
 #include <cstdlib>
 
 #include "schema/project_settings.h"
@@ -30,7 +29,7 @@ void PropertiesList::Mark(const Selection& selection, ColumnClipboard::Mark mark
     for (std::size_t row = 0; row < rows_.size(); ++row) wasDimmed.push_back(IsDimmed(row));
     clipboard_.Take(std::move(columns), mark);
     for (std::size_t row = 0; row < rows_.size(); ++row)
-        if (IsDimmed(row) != wasDimmed[row]) Change({.kind = BrowserChange::Kind::Renew, .row = row}, [] {});
+        if (IsDimmed(row) != wasDimmed[row]) Change({.kind = RowsChange::Kind::Renew, .row = row}, [] {});
 }
 
 bool PropertiesList::CanPaste() const {
@@ -82,19 +81,15 @@ bool PropertiesList::StartsDrag(int horizontal, int vertical) const {
 bool PropertiesList::MoveColumn(std::size_t row, std::optional<std::size_t> target) {
     if (!Shows(PropertiesTab::Columns) || !HasRow(row) || !target || !HasRow(*target)) return false;
     if (*target == row || *target == row + 1) return false;
-    const auto move = [&](auto& items) {
-        const auto from = items.begin() + static_cast<std::ptrdiff_t>(row);
-        const auto to = items.begin() + static_cast<std::ptrdiff_t>(*target);
-        from < to ? std::rotate(from, from + 1, to) : std::rotate(to, from, from + 1);
-    };
     std::vector<std::int32_t> columnIDs;
     for (const PropertyRow& column : rows_) columnIDs.push_back(column.identifier);
-    move(columnIDs);
+    MoveRow(columnIDs, row, *target);
     const UserChange change{.activity = moveActivity,
                             .subject = rows_[row].text,
                             .complaint = state_.texts->Format(notMovedText, {rows_[row].text})};
     if (!WriteOrTell(state_, change, [&] { return WritePositions(columnIDs); })) return false;
-    Change({.kind = BrowserChange::Kind::Move, .row = row, .to = *target}, [&] { move(rows_); });
+    Change({.kind = RowsChange::Kind::Move, .row = row, .to = *target},
+           [&] { MoveRow(rows_, row, *target); });
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "ui/rules/icon_keys.h"
+#include "ui/rules/twips.h"
 
 namespace tessel {
 
@@ -13,8 +14,7 @@ constexpr int notAvailableText = 2025;
 constexpr int referencedTableText = 2300;
 constexpr int referencingTableText = 2301;
 
-// Beside the widest text of a column, in twips.
-constexpr int firstMargin = 450;
+// Beside the widest text of a column that is not the first, in twips.
 constexpr int margin = 180;
 
 const std::string& TextUnder(const PropertyRow& row, std::size_t header) {
@@ -37,13 +37,14 @@ std::optional<std::size_t> PropertiesList::Find(std::string_view key) const {
     return static_cast<std::size_t>(row - rows_.begin());
 }
 
-std::vector<int> PropertiesList::ColumnWidths(const MeasureText& measure) const {
+std::vector<int> PropertiesList::ColumnWidths(std::span<const PropertyRow> rows,
+                                              const MeasureText& measure) const {
     std::vector<int> widths;
     for (const std::string& header : Headers()) {
         const std::size_t column = widths.size();
         int widest = measure(header);
-        for (const PropertyRow& row : rows_) widest = std::max(widest, measure(TextUnder(row, column)));
-        widths.push_back(widest + (column == 0 ? firstMargin : margin));
+        for (const PropertyRow& row : rows) widest = std::max(widest, measure(TextUnder(row, column)));
+        widths.push_back(widest + (column == 0 ? iconAndMargin : margin));
     }
     return widths;
 }
@@ -55,7 +56,7 @@ bool PropertiesList::IsDimmed(std::size_t row) const {
 void PropertiesList::Fill(std::optional<Table> table) {
     std::vector<PropertyRow> rows;
     if (table) rows = ReadPropertyRows(state_, tab_, table->tabID);
-    Change({.kind = BrowserChange::Kind::Reset}, [&] {
+    Change({.kind = RowsChange::Kind::Reset}, [&] {
         table_ = std::move(table);
         rows_ = std::move(rows);
         rowsTab_ = tab_;
@@ -64,7 +65,7 @@ void PropertiesList::Fill(std::optional<Table> table) {
 
 void PropertiesList::ChangeTab(PropertiesTab tab) {
     const bool byUser = std::exchange(isUserTabChange_, false);
-    Change({.kind = BrowserChange::Kind::Reset}, [&] { tab_ = tab; });
+    Change({.kind = RowsChange::Kind::Reset}, [&] { tab_ = tab; });
     if (byUser) Fill(table_);
 }
 
@@ -128,23 +129,23 @@ std::vector<PropertyRow> PropertiesList::Chosen(const Selection& selection) cons
 }
 
 void PropertiesList::Insert(std::size_t place, PropertyRow row) {
-    Change({.kind = BrowserChange::Kind::Insert, .row = place},
+    Change({.kind = RowsChange::Kind::Insert, .row = place},
            [&] { rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(place), std::move(row)); });
 }
 
 void PropertiesList::Remove(const std::string& key) {
     const auto row = Find(key);
     if (!row) return;
-    Change({.kind = BrowserChange::Kind::Remove, .row = *row},
+    Change({.kind = RowsChange::Kind::Remove, .row = *row},
            [&] { rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(*row)); });
 }
 
 void PropertiesList::Replace(const std::string& key, const std::function<void(PropertyRow&)>& edit) {
     if (const auto row = Find(key))
-        Change({.kind = BrowserChange::Kind::Renew, .row = *row}, [&] { edit(rows_[*row]); });
+        Change({.kind = RowsChange::Kind::Renew, .row = *row}, [&] { edit(rows_[*row]); });
 }
 
-void PropertiesList::Change(const BrowserChange& change, const std::function<void()>& apply) {
+void PropertiesList::Change(const RowsChange& change, const std::function<void()>& apply) {
     watcher_ ? watcher_(change, apply) : apply();
 }
 

@@ -3,18 +3,19 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "schema/component_state.h"
-#include "ui/rules/browser_list.h"
 #include "ui/rules/column_clipboard.h"
 #include "ui/rules/column_dialog.h"
 #include "ui/rules/foreign_key_dialog.h"
 #include "ui/rules/index_dialog.h"
 #include "ui/rules/list_widths.h"
 #include "ui/rules/properties_rows.h"
+#include "ui/rules/rows_change.h"
 
 namespace tessel {
 
@@ -25,7 +26,6 @@ namespace tessel {
 class PropertiesList {
   public:
     using Selection = std::vector<std::size_t>;
-    using Watcher = BrowserList::Watcher;
 
     struct Table {
         std::int32_t tabID = -1;
@@ -50,9 +50,8 @@ class PropertiesList {
 
     explicit PropertiesList(ComponentState& state) : state_(state) {}
 
-    // Is told of each change of rows, headers included, and makes it by calling `apply` exactly once. A
-    // change of the tab alone is a Reset, too.
-    void Watch(Watcher watcher) { watcher_ = std::move(watcher); }
+    // The headers belong to the rows: a change of the tab alone is a Reset, too.
+    void Watch(RowsWatcher watcher) { watcher_ = std::move(watcher); }
 
     // What is shown.
     [[nodiscard]] PropertiesTab Tab() const { return tab_; }
@@ -60,7 +59,9 @@ class PropertiesList {
     [[nodiscard]] std::vector<std::string> Headers() const;
     [[nodiscard]] const std::vector<PropertyRow>& Rows() const { return rows_; }
     [[nodiscard]] std::optional<std::size_t> Find(std::string_view key) const;
-    [[nodiscard]] std::vector<int> ColumnWidths(const MeasureText& measure) const;  // twips, by header
+    // What the texts of these rows, and the headers, need; twips, by header.
+    [[nodiscard]] std::vector<int> ColumnWidths(std::span<const PropertyRow> rows,
+                                                const MeasureText& measure) const;
     [[nodiscard]] bool IsDimmed(std::size_t row) const;  // it is cut and waits to be pasted
 
     // Reads the rows of the selected tab of this table anew; none empties the list. A database error is
@@ -131,10 +132,10 @@ class PropertiesList {
     void Insert(std::size_t place, PropertyRow row);
     void Remove(const std::string& key);
     void Replace(const std::string& key, const std::function<void(PropertyRow&)>& edit);
-    void Change(const BrowserChange& change, const std::function<void()>& apply);
+    void Change(const RowsChange& change, const std::function<void()>& apply);
 
     ComponentState& state_;
-    Watcher watcher_;
+    RowsWatcher watcher_;
     PropertiesTab tab_ = PropertiesTab::Columns;
     PropertiesTab rowsTab_ = PropertiesTab::Columns;  // that the rows were read for
     bool isUserTabChange_ = false;

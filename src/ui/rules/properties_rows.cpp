@@ -1,5 +1,6 @@
 #include "ui/rules/properties_rows.h"
 
+#include "platform/text/utf8.h"
 #include "schema/sql_text.h"
 #include "ui/rules/icon_keys.h"
 
@@ -21,7 +22,8 @@ std::string ReadIndexColumns(const ComponentState& state, std::int32_t indexID) 
              "select C.ColumnName, IC.Direction from IndexColumns IC, Columns C where IC.IndexID = " +
              std::to_string(indexID) + " and IC.ColumnId = C.ColumnID order by IC.Position");
          column.Next();)
-        AppendListed(columns, IndexColumnText(column.Text("ColumnName"), column.Text("Direction") == "D"));
+        AppendListed(columns, IndexColumnText(column.Text("ColumnName"),
+                                              text::SameText(column.Text("Direction"), "D")));
     return columns;
 }
 
@@ -79,15 +81,16 @@ std::vector<PropertyRow> ReadKeyRows(const ComponentState& state, std::int32_t t
         const std::int32_t keyID = key.Integer("KeyID");
         const auto [columns, refColumns] = ReadPairs(state, keyID, selection.pairOrder);
         const std::string comment = NullToText(key["Comment"]);
-        rows.push_back({.key = ForeignKeyKey(keyID),
-                        .identifier = keyID,
-                        .text = key.Text("KeyName"),
-                        .icon = icon::foreign,
-                        .subItems = {columns, key.Text("TableName"), refColumns,
-                                     key.Text("HowDelete") == "C" ? state.cascadeText : state.restrictText,
-                                     FlattenText(comment)},
-                        .tag = NullToText(key["CVRL"]),
-                        .comment = comment});
+        rows.push_back(
+            {.key = ForeignKeyKey(keyID),
+             .identifier = keyID,
+             .text = key.Text("KeyName"),
+             .icon = icon::foreign,
+             .subItems = {columns, key.Text("TableName"), refColumns,
+                          text::SameText(key.Text("HowDelete"), "C") ? state.cascadeText : state.restrictText,
+                          FlattenText(comment)},
+             .tag = NullToText(key["CVRL"]),
+             .comment = comment});
     }
     return rows;
 }

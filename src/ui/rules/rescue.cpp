@@ -1,15 +1,17 @@
 #include "ui/rules/rescue.h"
 
+#include <filesystem>
+
 #include "platform/files/file_service.h"
 #include "schema/sql_text.h"
 #include "tessel/convert.h"
+#include "ui/rules/help_contexts.h"
 #include "ui/rules/messages.h"
 
 namespace tessel {
 
 namespace {
 
-constexpr int replaceText = 2653;
 constexpr int titleText = 2800;
 constexpr int lostText = 2801;
 constexpr int fileText = 2802;
@@ -34,7 +36,13 @@ std::string ProposedPath(const ComponentState& state) {
     return folder + '/' + baseName + "-copy" + extension;
 }
 
-host::Form CopyForm(const ComponentState& state, const std::string& reason) {
+// A relative path counts from where the user browses.
+std::string FullPath(const ComponentState& state, const std::string& path) {
+    const std::string workspace = state.Frontend().GetCorvaneName(host::name_item::workspaceFolder);
+    return std::filesystem::path(files::NativePath(workspace)) / path;
+}
+
+host::Form CopyForm(const ComponentState& state, const std::string& reason, const std::string& path) {
     const text::Texts& texts = *state.texts;
     return {.title = texts.Text(titleText),
             .text = texts.Format(lostText, {"\r\n" + reason}),
@@ -42,15 +50,14 @@ host::Form CopyForm(const ComponentState& state, const std::string& reason) {
             .fields = {{.key = fileField,
                         .kind = host::FormField::Kind::SaveFile,
                         .caption = texts.Text(fileText),
-                        .value = ProposedPath(state),
-                        .filter = texts.Text(filterText)}}};
+                        .value = path,
+                        .filter = texts.Text(filterText)}},
+            .helpContext = help_context::window};
 }
 
 bool SaveCopy(ComponentState& state, const std::string& path) {
     try {
-        if (files::FileExists(path) &&
-            !IsConfirmed(state, state.texts->Format(replaceText, {path}), host::Icon::Exclamation))
-            return false;
+        if (!MayReplace(state, path)) return false;
         files::ReplaceFile(path, state.Database().Copy());
         return true;
     } catch (const Error& error) {
@@ -64,8 +71,11 @@ bool SaveCopy(ComponentState& state, const std::string& path) {
 void OfferCopy(ComponentState& state) {
     const std::string reason = WhyLost(state.Database());
     if (reason.empty()) return;
-    while (const auto values = state.questions->Fill(CopyForm(state, reason)))
-        if (SaveCopy(state, ToText(*values->Find(fileField)))) return;
+    std::string path = ProposedPath(state);
+    while (const auto values = state.questions->Fill(CopyForm(state, reason, path))) {
+        path = FullPath(state, ToText(*values->Find(fileField)));
+        if (SaveCopy(state, path)) return;
+    }
 }
 
 }  // namespace tessel

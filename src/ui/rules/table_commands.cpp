@@ -41,10 +41,13 @@ void TableCommands::AskAndRename(std::int32_t tabID, const std::string& name) {
 }
 
 bool TableCommands::Rename(std::int32_t tabID, const std::string& name, const std::string& newName) {
-    const bool renamed = WorkspaceOf(state_)->TableUpdate(tabID, newName, Missing{}, Missing{}, Missing{});
-    Note(state_, renameTableActivity, {name, newName}, renamed ? Outcome::Done : Outcome::Refused);
-    if (!renamed) Tell(state_, state_.texts->Text(illegalNameText), host::Icon::Critical);
-    return renamed;
+    const UserChange change{.activity = renameTableActivity,
+                            .subject = name,
+                            .complaint = state_.texts->Text(illegalNameText),
+                            .newName = newName};
+    return DoOrTell(state_, change, [&] {
+        return WorkspaceOf(state_)->TableUpdate(tabID, newName, Missing{}, Missing{}, Missing{});
+    });
 }
 
 }  // namespace tessel

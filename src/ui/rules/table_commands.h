@@ -8,8 +8,8 @@
 
 namespace tessel {
 
-// The commands on tables. They ask and tell the user what is needed, and each leaves a line in the host's
-// activity log.
+// The commands on tables. They ask and tell the user what is needed. What they did, and a new name that was
+// refused to a table, is a line in the host's activity log.
 class TableCommands {
   public:
     explicit TableCommands(ComponentState& state) : state_(state) {}

@@ -1,6 +1,5 @@
 #include "ui/rules/table_dialog.h"
 
-#include "schema/activity.h"
 #include "schema/sql_text.h"
 #include "tessel/convert.h"
 #include "ui/rules/messages.h"
@@ -41,11 +40,12 @@ std::optional<TableDialog> TableDialog::Open(ComponentState& state, std::int32_t
 }
 
 bool TableDialog::Write() {
-    const bool written =
-        WorkspaceOf(*state_)->TableUpdate(tableId_, Missing{}, storageOption, comment, Missing{});
-    Note(*state_, propertiesActivity, {tableName}, written ? Outcome::Done : Outcome::Refused);
-    if (!written) Tell(*state_, state_->texts->Format(cannotChangeText, {tableName}), host::Icon::Critical);
-    return written;
+    const UserChange change{.activity = propertiesActivity,
+                            .subject = tableName,
+                            .complaint = state_->texts->Format(cannotChangeText, {tableName})};
+    return DoOrTell(*state_, change, [&] {
+        return WorkspaceOf(*state_)->TableUpdate(tableId_, Missing{}, storageOption, comment, Missing{});
+    });
 }
 
 }  // namespace tessel

@@ -16,11 +16,12 @@ std::string FreeNames::Plain(std::string_view wanted, std::string_view fallback)
     return std::string(cut.empty() ? fallback : cut);
 }
 
-std::string FreeNames::Take(std::string_view wanted, std::string_view fallback) {
+std::string FreeNames::Take(std::string_view wanted, std::string_view fallback, const FreeNames* others) {
     const std::string plain = Plain(wanted, fallback);
     const std::string base(text::Left(plain, longestNumbered));
     std::string name = plain;
-    for (int number = 1; IsTaken(name); ++number) name = rule_(base + std::to_string(number));
+    const auto isTaken = [&] { return IsTaken(name) || (others && others->IsTaken(name)); };
+    for (int number = 1; isTaken(); ++number) name = rule_(base + std::to_string(number));
     Enter(name);
     return name;
 }

@@ -17,8 +17,9 @@ class FreeNames {
 
     // The identifier that comes closest to `wanted`; of `fallback` when nothing of it can be kept.
     [[nodiscard]] std::string Plain(std::string_view wanted, std::string_view fallback) const;
-    // The same, with a number after it when it is taken; it is taken from then on.
-    std::string Take(std::string_view wanted, std::string_view fallback);
+    // The same, with a number after it when it is taken, here or among `others`; it is taken here from then
+    // on.
+    std::string Take(std::string_view wanted, std::string_view fallback, const FreeNames* others = nullptr);
 
     [[nodiscard]] bool IsTaken(std::string_view name) const;
     void Enter(std::string_view name);

@@ -1,13 +1,13 @@
 #include "workbench/load/load_repository.h"
 
 #include <algorithm>
-#include <filesystem>
+#include <optional>
 #include <unordered_map>
 #include <unordered_set>
 
-#include "platform/files/file_error.h"
-#include "platform/files/file_service.h"
+#include "platform/xml/characters.h"
 #include "workbench/load/schema_writer.h"
+#include "workbench/load/target_database.h"
 
 namespace tessel::workbench {
 namespace {
@@ -94,10 +94,16 @@ class Load {
     }
 
     std::optional<std::string> ChooseName(const std::string& sourceName) {
+        if (!xml::CanBeHeld(sourceName)) {
+            outcome_.notes.push_back(
+                {names_.Plain(sourceName, "T"),
+                 "it is left out, for its name holds a control character or is not UTF-8"});
+            return {};
+        }
         const auto known = known_.find(sourceName);
         if (known != known_.end() && !known->second.name.empty()) return known->second.name;
         const std::string wanted = names_.Plain(sourceName, "T");
-        if (!others_.IsTaken(wanted)) return names_.Take(wanted, "T");
+        if (!others_.IsTaken(wanted)) return names_.Take(wanted, "T", &others_);
         outcome_.notes.push_back(
             {sourceName,
              "it is left out, for another source or an entry made by hand has the name " + wanted});
@@ -165,59 +171,17 @@ class Load {
     std::vector<std::pair<std::size_t, std::string>> written_;  // place in tables_, origin reference
 };
 
-// A database in the making, gone in the end unless it was put in its place.
-class NewDatabase {
-  public:
-    NewDatabase(const std::string& templateDatabase, std::string path) : path_(std::move(path)) {
-        Remove();  // what was left by a load that was cut off
-        files::CopyFile(templateDatabase, path_);
-    }
-    ~NewDatabase() { Remove(); }
-    NewDatabase(const NewDatabase&) = delete;
-    NewDatabase& operator=(const NewDatabase&) = delete;
-
-    [[nodiscard]] const std::string& Path() const { return path_; }
-
-    void PutInPlaceOf(const std::string& path) const {
-        std::error_code fault;
-        std::filesystem::rename(path_, path, fault);
-        if (fault) files::ThrowWriteError("file", path, "made", fault.value());
-    }
-
-  private:
-    void Remove() const {
-        std::error_code passedOver;
-        std::filesystem::remove(path_, passedOver);
-        std::filesystem::remove(path_ + "-journal", passedOver);
-    }
-
-    std::string path_;
-};
-
-LoadOutcome LoadInto(const std::string& path, const Source& source, const LoadTarget& target,
-                     RepositoryContents& contents) {
-    const auto database = db::Database::Open(path);
-    db::Transaction transaction(*database);
-    LoadOutcome outcome = Load(source, target, contents, *database).Run();
-    transaction.Commit();
-    return outcome;
-}
-
 }  // namespace
 
 LoadOutcome LoadRepository(const Source& source, const LoadTarget& target) {
     LoadOutcome outcome;
-    target.file.Change([&](RepositoryContents& contents) {
-        const std::string path = target.folder + "/DBSchema.mdb";
-        if (files::FileExists(path)) {
-            outcome = LoadInto(path, source, target, contents);
-            return;
-        }
-        // It comes to its place only when it is whole.
-        const NewDatabase made(target.templateDatabase, path + ".new");
-        outcome = LoadInto(made.Path(), source, target, contents);
-        made.PutInPlaceOf(path);
-    });
+    std::optional<TargetDatabase> database;
+    target.file.Change(
+        [&](RepositoryContents& contents) {
+            database.emplace(target.folder + "/DBSchema.mdb", target.templateDatabase);
+            outcome = Load(source, target, contents, **database).Run();
+        },
+        [&] { database->Keep(); });
     return outcome;
 }
 

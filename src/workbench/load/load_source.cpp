@@ -4,15 +4,25 @@
 
 #include "platform/db/postgres_catalogue.h"
 #include "platform/db/sqlite_catalogue.h"
+#include "platform/files/file_error.h"
 #include "tessel/error.h"
 
 namespace tessel::workbench {
 namespace fs = std::filesystem;
 namespace {
 
+// The full path, links followed as far as it is there.
+fs::path FullPath(const fs::path& path) {
+    std::error_code fault;
+    fs::path full = fs::absolute(path, fault);
+    if (!fault) full = fs::weakly_canonical(full, fault);
+    if (fault) files::ThrowReadError("path", path.string(), "followed", fault.value());
+    return full;
+}
+
 std::string FileName(const std::string& place, const fs::path& workspace) {
-    const fs::path file = fs::weakly_canonical(fs::absolute(place));
-    const fs::path inside = file.lexically_relative(fs::weakly_canonical(workspace));
+    const fs::path file = FullPath(place);
+    const fs::path inside = file.lexically_relative(FullPath(workspace));
     return inside.empty() || *inside.begin() == ".." ? file.string() : inside.string();
 }
 

@@ -22,10 +22,10 @@ struct ColumnType {
 // The SQL types that a schema database knows, with their limits.
 class SqlTypeTable {
   public:
+    // Throws ErrorKind::Host when the database does not even know LONGVARCHAR.
     explicit SqlTypeTable(db::Database& database);
 
-    // The type that comes closest to a declared one, within the limits. Throws ErrorKind::Host when the
-    // database does not even know LONGVARCHAR.
+    // The type that comes closest to a declared one, within the limits.
     [[nodiscard]] ColumnType TypeFor(std::string_view declared) const;
 
   private:

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <unordered_map>
 
 #include "platform/text/utf8.h"
@@ -87,9 +88,16 @@ class Definer {
             TableDefinition::Index defined{name, index.isUnique, index.isPrimary, {}, index.comment};
             for (const auto& column : index.columns)
                 if (const auto place = columnPlaces_.back().Find(column.name))
-                    defined.parts.push_back({*place, column.isDescending});
+                    AddPart(defined.parts, {*place, column.isDescending});
             tables_.back().indexes.push_back(std::move(defined));
         }
+    }
+
+    // A column that an index lists again adds nothing to it.
+    static void AddPart(std::vector<TableDefinition::Index::Part>& parts,
+                        const TableDefinition::Index::Part& part) {
+        if (std::ranges::count(parts, part.column, &TableDefinition::Index::Part::column) == 0)
+            parts.push_back(part);
     }
 
     void DefineKeys(std::size_t table) {

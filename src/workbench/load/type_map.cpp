@@ -98,7 +98,7 @@ constexpr TypeRow knownTypes[] = {
     {"longvarbinary", "LONGVARBINARY", Size::Ignored},
 };
 
-// Words that say nothing about the kind of values.
+// Words that say nothing about the kind of values. What "unsigned" says of their range is lost.
 constexpr std::string_view passedOver[] = {"unsigned", "signed", "zerofill"};
 
 struct Declared {
@@ -167,17 +167,21 @@ MappedType Counterpart(const TypeRow& row, std::int32_t precision, std::int32_t 
     return {name};
 }
 
-}  // namespace
-
-MappedType MapType(std::string_view declared) {
-    const Declared type = TakeApart(declared);
+MappedType Mapped(const Declared& type, bool isArray) {
     const std::int32_t precision = type.sizes.empty() ? 0 : type.sizes[0];
     const std::int32_t scale = type.sizes.size() < 2 ? 0 : type.sizes[1];
     const auto* const row = std::ranges::find(knownTypes, type.name, &TypeRow::declared);
     if (row != std::end(knownTypes)) return Counterpart(*row, precision, scale);
-    const bool isArray = declared.ends_with("[]");  // its size is that of an element
-    if (precision > 0 && !isArray) return {"VARCHAR", precision, 0, false};
+    if (precision > 0 && !isArray) return {"VARCHAR", precision, 0, false};  // an array's is its element's
     return {"LONGVARCHAR", 0, 0, false};
+}
+
+}  // namespace
+
+MappedType MapType(std::string_view declared) {
+    MappedType type = Mapped(TakeApart(declared), declared.ends_with("[]"));
+    if (text::LowerAscii(declared).find("unsigned") != std::string::npos) type.isExact = false;
+    return type;
 }
 
 }  // namespace tessel::workbench

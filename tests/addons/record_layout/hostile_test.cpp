@@ -1,4 +1,5 @@
 #include "layout_test.h"
+#include "record_layout/layout.h"
 #include "tessel/error.h"
 
 namespace tessel::test {
@@ -38,8 +39,7 @@ TEST_F(LayoutTest, TakesNothingAndNeverTooLong) {
         {record + nest + "           07 FILLER PIC X.\n", "The record R makes no columns."},
         {oneColumn + nest + "           07 FILLER PIC X.\n", "1 column into R"},
         {record + Times(10'001, "           05 A PIC X.\n"), "more than 10000 columns."},
-        {record + "           05 A OCCURS 999999999999999 PIC X.\n",
-         "R1; 1 line not used\nlayout.cpy:2: A: OCCURS"},
+        {record + "           05 A OCCURS 999999999999999 PIC X.\n", "R1; 1 remark\nlayout.cpy:2: A: OCCURS"},
         {oneColumn + "           COPY SELF.\n",
          "COPY LAYOUT: the file would copy itself\nSELF.cpy:2: COPY SELF: the"},
         {oneColumn + "           COPY DOUBLE.\n", "have more than 200000 words."},
@@ -61,6 +61,18 @@ TEST_F(LayoutTest, TakesNothingAndNeverTooLong) {
         EXPECT_NE(result.find(expected), std::string::npos) << source.substr(0, 200) << "\n"
                                                             << result.substr(0, 500);
     }
+}
+
+TEST(CopyReader, ReadsNoFileThatItRefusesToCopy) {
+    int reads = 0;
+    const auto read = [&](const std::string& path, std::string& content) {
+        if (path != "/A.cpy") return std::make_error_code(std::errc::no_such_file_or_directory);
+        ++reads;
+        content = "01 R.\n05 B PIC X.\nCOPY A.\nCOPY A.\n";
+        return std::error_code();
+    };
+    EXPECT_EQ(layout::ReadLayout("/A.cpy", layout::Format::Free, read).remarks.Count(), 2U);
+    EXPECT_EQ(reads, 1);
 }
 
 // Words that each replacement makes longer, and more of them.

@@ -1,6 +1,5 @@
 #include "layout_test.h"
 #include "platform/component/class_registry.h"
-#include "support/child_process.h"
 #include "tessel/error.h"
 
 namespace tessel::test {
@@ -19,7 +18,7 @@ TEST_F(LayoutTest, AsksForWhatItIsNotToldAndShowsWhatItWillDo) {
                         Filled({{"file", folder / "two.cpy"}, {"table", "t" + std::to_string(table)}}),
                         Filled({{"record", "1"}}), host::Answer::Cancel, host::Answer::OK,
                         Filled({{"record", "1"}}), host::Answer::OK});
-    EXPECT_EQ(Run("occurs=once"), "1 column into STOCK; 2 lines not used");
+    EXPECT_EQ(Run("occurs=once"), "1 column into STOCK; 2 remarks");
     EXPECT_EQ(Ws().SelectedTabID(), table);
     EXPECT_EQ(ColumnsOf(table).back(), "B_NO1|SMALLINT|1|PIC 9(3): 3-digit number|text:two.cpy:4");
 
@@ -31,7 +30,8 @@ TEST_F(LayoutTest, AsksForWhatItIsNotToldAndShowsWhatItWillDo) {
               "two.cpy:1: FIRST-ONE is another record\ntwo.cpy:6: C: Q is no picture");
     const auto asked = questions->TakeAsked();
     ASSERT_EQ(asked.size(), 8U);
-    EXPECT_EQ(asked[1].text, "The file " + folder / "nowhere.cpy" + " cannot be read.");
+    EXPECT_EQ(asked[1].text,
+              "The file " + folder / "nowhere.cpy" + " cannot be read: No such file or directory.");
 }
 
 TEST_F(LayoutTest, LeavesTheSchemaAloneUntilItIsConfirmed) {
@@ -44,28 +44,29 @@ TEST_F(LayoutTest, LeavesTheSchemaAloneUntilItIsConfirmed) {
     EXPECT_EQ(Rows("select * from Tables"), std::vector<std::string>{});
     EXPECT_FALSE(files::FileExists(folder / "schema.errors"));
     EXPECT_EQ(Run("preview=no;record=other;file=" + folder / "two.cpy"),
-              "1 列を OTHER へ; 使わない行 2\n"
+              "1 列を OTHER へ; 注意 2 件\n"
               "two.cpy:1: FIRST-ONE は別のレコードです\ntwo.cpy:6: C: Q は PICTURE 文字列ではありません");
     EXPECT_TRUE(files::FileExists(folder / "schema.errors"));
     RunOn("       01 OTHER.\n           05 B PIC X.\n");
     EXPECT_FALSE(files::FileExists(folder / "schema.errors"));  // nothing to complain of any more
 }
 
-TEST_F(LayoutTest, AFullDiskLeavesTheOldListAndTheSchema) {
+TEST_F(LayoutTest, ANewTableOfATakenNameStaysNewWhenTheFormComesBack) {
     Write(folder / "two.cpy", twoRecords);
-    Write(folder / "schema.errors", "old");
-    const auto names = folder.Names();
-    EXPECT_TRUE(HoldsInChild([&] {
-        FillDisk(10);
-        try {
-            return Run("preview=no;record=other;file=" + folder / "two.cpy").empty();
-        } catch (const Error& error) {
-            return error.what() == folder / "schema.errors cannot be written: File too large.";
-        }
-    }));
-    EXPECT_EQ(Content(folder / "schema.errors"), "old");
-    EXPECT_EQ(folder.Names(), names);
-    EXPECT_EQ(Rows("select * from Tables"), std::vector<std::string>{});
+    const std::int32_t table = AddTable("BOOK");
+    questions->Answers({Filled({{"file", folder / "none.cpy"}, {"name", "BOOK"}}),
+                        Filled({{"file", folder / "two.cpy"}}), host::Answer::OK});
+    EXPECT_EQ(Run("record=other"), "1 column into BOOK1; 2 remarks");
+    EXPECT_EQ(ColumnsOf(table), std::vector<std::string>{});
+}
+
+TEST_F(LayoutTest, ImportsAlsoWhereTheListOfRemarksCannotBeWritten) {
+    Write(folder / "two.cpy", twoRecords);
+    std::filesystem::create_directory(folder / "schema.errors");
+    Run("preview=no;record=other;file=" + folder / "two.cpy");
+    EXPECT_EQ(questions->TakeAsked().at(0).text,
+              folder / "schema.errors" + " cannot be written: Is a directory.");
+    EXPECT_EQ(Rows("select TableName from Tables"), std::vector<std::string>{"OTHER"});
 }
 
 TEST_F(LayoutTest, RefusesParametersThatItDoesNotKnow) {

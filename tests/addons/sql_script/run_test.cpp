@@ -84,15 +84,27 @@ TEST_F(ScriptRun, TellsEveryRemarkInTheUsersLanguage) {
     EXPECT_NE(message.find("T10: 列がないため、テーブルを省きます。\n… ほか 2 件"), std::string::npos)
         << message;
     EXPECT_NE(Content(folder / "out.sql").find("-- Remark: T12: the table is left out"), std::string::npos);
+
+    std::filesystem::remove(folder / "schema.errors");
+    std::filesystem::create_directory(folder / "schema.errors");
+    questions->Answers({Filled({{"dialect", "mysql"}})});
+    Run("");
+    EXPECT_TRUE(Message().ends_with("\n" + folder / "schema.errors" + " に書き込めません: Is a directory"));
 }
 
 TEST_F(ScriptRun, ReplacesAFileByAWholeOneOrLeavesIt) {
     MakeBook();
     Write(folder / "real.sql", "old");
+    std::filesystem::permissions(folder / "real.sql", std::filesystem::perms(0640));
+    const std::string planted = folder / "real.sql.new-" + std::to_string(getpid()) + "-0";
+    std::filesystem::create_symlink("victim", planted);
     std::filesystem::create_symlink("real.sql", folder / "link.sql");
     Run("dialect=sqlite;file=" + folder / "link.sql");
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.sql"));
     EXPECT_EQ(Content(folder / "real.sql"), Script("sqlite"));
+    EXPECT_EQ(std::filesystem::status(folder / "real.sql").permissions(), std::filesystem::perms(0640));
+    EXPECT_FALSE(std::filesystem::exists(folder / "victim"));
+    std::filesystem::remove(planted);
 
     std::filesystem::create_directory(folder / "folder.sql");
     EXPECT_EQ(Failure("dialect=sqlite;file=" + folder / "folder.sql"),
@@ -128,6 +140,10 @@ TEST_F(ScriptRun, TakesTheWorkspacesOwnTableOfTypes) {
     EXPECT_EQ(Failure("dialect=sqlite;file=" + folder / "out.sql"),
               file + ", line 2: The line has 1 cell(s), the heading 2.");
     EXPECT_NE(Content(folder / "out.sql").find("INT8"), std::string::npos) << "the old script is still there";
+    std::filesystem::remove(file);
+    std::filesystem::create_directory(file);
+    EXPECT_EQ(Failure("dialect=sqlite;file=" + folder / "out.sql"),
+              file + " cannot be read: Is a directory.");
 }
 
 }  // namespace

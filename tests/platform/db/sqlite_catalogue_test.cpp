@@ -24,8 +24,11 @@ TEST_F(SqliteCatalogue, IsReadAsTheCasesSayAndTheFileLeftAlone) {
 TEST_F(SqliteCatalogue, RefusesWhatIsNoDatabase) {
     const std::string text = folder_ / "text.db";
     std::ofstream(text) << std::string(2000, 'x');
+    const std::string loop = folder_ / "loop.db";
+    std::filesystem::create_symlink(loop, loop);
     const std::pair<std::string, ErrorKind> cases[] = {{folder_ / "none.db", ErrorKind::Missing},
                                                        {text, ErrorKind::NotADatabase},
+                                                       {loop, ErrorKind::ReadOnly},
                                                        {folder_.Path(), ErrorKind::NotADatabase}};
     for (const auto& [file, kind] : cases) {
         try {

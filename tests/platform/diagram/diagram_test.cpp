@@ -198,6 +198,10 @@ TEST(DiagramFile, KeepsWhatItDoesNotKnow) {
         EXPECT_NE(text.find(part), std::string::npos) << part << "\n" << text;
     SaveDiagram(file, diagram, {150, {7, -8.25}});
     EXPECT_EQ(files::ReadFile(file), text);
+
+    SaveDiagram(file, {{{"t1", "A\v", "\x1F\n"}}, {{"k1", "\x01", "t1", "t1"}}}, {});
+    const auto [boxes, links] = LoadDiagram(file);
+    EXPECT_EQ(boxes.at(0).caption + boxes[0].comment + links.at(0).caption, "A  \n ");
 }
 
 TEST(DiagramFile, IsKeptAsideWhenItIsDamaged) {
@@ -321,7 +325,7 @@ TEST(Content, WhatIsRemovedIsGoneAtOnce) {
 }
 
 TEST(Svg, ShowsTextAsItIs) {
-    const Diagram diagram{{{"t1", "A<&\">B", "it's <b>", {5, 5, 20, 8}}, {"t2", "表", "", {50, 5, 10, 8}}},
+    const Diagram diagram{{{"t1", "A<&\">B", "it's\v<b>", {5, 5, 20, 8}}, {"t2", "表", "", {50, 5, 10, 8}}},
                           {{"k1", "F&K", "t1", "t2", {{25, 9}, {50, 9}}}, {"k2", "undrawn", "t1", "t3", {}}}};
     const std::string svg = Svg(diagram, "<title>");
     for (const auto* part :

@@ -214,6 +214,24 @@ TEST_F(DiagramTest, ZoomsAroundWhatIsSeen) {
     EXPECT_FALSE(view.viewport()->rect().intersects(diagram.SeenAt("t1")));
 }
 
+TEST_F(DiagramTest, IsDrawnOnceWhenTheLastSuspensionEnds) {
+    changes = 0;
+    {
+        const SuspendedDrawing outer(diagram);
+        {
+            const SuspendedDrawing inner(diagram);
+            diagram.AddBox("t4", "FAR", {900, 600});
+            diagram.BringIntoView("t4");
+        }
+        diagram.RemoveBox("t3");
+        EXPECT_EQ(changes, 0);
+    }
+    EXPECT_EQ(changes, 1);
+    EXPECT_TRUE(view.viewport()->rect().contains(diagram.SeenAt("t4")));
+    { const SuspendedDrawing unchanged(diagram); }
+    EXPECT_EQ(changes, 1);
+}
+
 TEST_F(DiagramTest, QuickSearchWalksWhatItFinds) {
     Press(Qt::Key_C);
     EXPECT_EQ(Events(), Strings{}) << "not while it is off";

@@ -163,7 +163,8 @@ TEST_F(SplitterTest, HiddenPanesGiveTheirRoomAndGetItBack) {
 
 TEST_F(SplitterTest, ImportsWhatWasExported) {
     Open();
-    host.SetCaption("Errors", "3 \"errors\"");
+    host.SetCaption("Errors", "3 \"<b>\"");
+    EXPECT_TRUE(Title("Errors").findChild<QAbstractButton*>("cmdClose")->toolTip().contains("&lt;b&gt;"));
     Choose("mnuPaneMaximise");
     const QString stored = host.ExportLayout();
     Choose("mnuPaneMaximise");
@@ -176,7 +177,7 @@ TEST_F(SplitterTest, ImportsWhatWasExported) {
     EXPECT_TRUE(host.ImportLayout(stored));
     EXPECT_EQ(changes, 1);
     EXPECT_EQ(host.ExportLayout(), stored);
-    EXPECT_EQ(host.Caption("Errors"), "3 \"errors\"");
+    EXPECT_EQ(host.Caption("Errors"), "3 \"<b>\"");
     EXPECT_EQ(host.PaneRectangle("Browser"), host.rect());
     EXPECT_TRUE(host.IsPaneVisible("Properties") && host.PaneRectangle("Properties").isNull());
     EXPECT_TRUE(controls["Browser"]->hasFocus());
@@ -277,8 +278,6 @@ TEST_F(SplitterTest, TheMenuDoesItAll) {
 
 TEST_F(SplitterTest, TheWindowMayDecideWhatClosingDoes) {
     Open();
-    QStringList closed;
-    QObject::connect(&host, &TSplitter::PaneClosed, [&](const QString& name) { closed.append(name); });
     const auto close = [this](const QString& name) {
         Title(name).findChild<QAbstractButton*>("cmdClose")->click();
     };
@@ -287,7 +286,6 @@ TEST_F(SplitterTest, TheWindowMayDecideWhatClosingDoes) {
     close("Properties");
     EXPECT_TRUE(host.IsPaneVisible("Browser"));
     EXPECT_FALSE(host.IsPaneVisible("Properties"));
-    EXPECT_EQ(closed, (QStringList{"Browser", "Properties"}));
     EXPECT_EQ(changes, 1);
 }
 

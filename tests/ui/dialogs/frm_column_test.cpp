@@ -61,9 +61,10 @@ TEST_F(FrmColumnTest, ShowsTheColumnAndWritesWhatWasEdited) {
         Enter("txtDefault", "none");
         In<QPlainTextEdit>("txtComment").selectAll();
         Type("txtComment", "a\rb");
+        In<QPlainTextEdit>("txtComment").insertPlainText("\u00a0c\u2028d");
         Click("cmdOK");
     }));
-    EXPECT_EQ(Stored(), Strings{"12|340|0|0|none|a\r\nb"});
+    EXPECT_EQ(Stored(), Strings{"12|340|0|0|none|a\r\nb\u00a0c\r\nd"});
     EXPECT_EQ(shown_, "key VARCHAR(340)");
 }
 

@@ -73,6 +73,8 @@ TEST_F(OptionsDialogTest, ShowsTheOptionsOfTheCaseThatAreVisible) {
         EXPECT_EQ(Find<QComboBox>(dialog, "cmbChoice").itemText(1), "y");
         EXPECT_EQ(Find<QComboBox>(dialog, "cmbOdd").currentIndex(), -1);
         EXPECT_FALSE(Find<QCheckBox>(Find<QWidget>(dialog, "fraMore"), "chkInner").isChecked());
+        for (const QLabel* label : dialog.findChildren<QLabel*>())
+            EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
         for (const char* name : {"chkHidden", "txtElsewhere"})
             EXPECT_EQ(dialog.findChild<QWidget*>(name), nullptr) << name;
     };
@@ -84,10 +86,15 @@ TEST_F(OptionsDialogTest, KeepsWhatIsConfirmedAndNothingElse) {
     const std::string before = Kept();
     EXPECT_FALSE(Edit("cmdCancel", Change));
     EXPECT_EQ(Kept(), before);
-    EXPECT_TRUE(Edit("cmdOK", [](QWidget&) {}));
-    EXPECT_EQ(Kept(), before);
-
     std::string after = tree;
+    const std::string longTree = std::string(after).replace(after.find("a&amp;b"), 1, 40000, 'f');
+    for (const auto& text : {longTree, after}) {
+        Give(text);
+        const std::string given = Kept();
+        EXPECT_TRUE(Edit("cmdOK", [](QWidget&) {}));
+        EXPECT_EQ(Kept(), given);
+    }
+
     for (const auto& [from, to] : {std::pair("VALUE='1'", "VALUE='False'"),
                                    {"'a&amp;b'", "'&lt;か>'"},
                                    {"'-5'", "'7'"},
@@ -96,6 +103,14 @@ TEST_F(OptionsDialogTest, KeepsWhatIsConfirmedAndNothingElse) {
         after.replace(after.find(from), std::string(from).size(), to);
     EXPECT_TRUE(Edit("cmdOK", Change));
     EXPECT_EQ(Kept(), xml::Document::Parse(after, "after").Text());
+}
+
+TEST_F(OptionsDialogTest, WhatIsTakenBackIsNotKept) {
+    OptionCase rules(*frontend->projectOptions, optionCase, *state.texts);
+    const Option& folderOption = rules.Root().options[1];
+    for (const char* value : {"b", "a&b"}) rules.Set(folderOption, value);
+    rules.Save();
+    EXPECT_EQ(Kept(), xml::Document::Parse(tree, "before").Text());
 }
 
 TEST_F(OptionsDialogTest, LinkedTablesAreImportedUnlessAnOptionSaysOtherwise) {

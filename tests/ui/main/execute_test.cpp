@@ -1,6 +1,7 @@
 #include <QAbstractButton>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMenu>
 #include <QMessageBox>
 #include <QToolButton>
@@ -130,7 +131,10 @@ TEST_F(ExecuteTest, AToolChangesTheSchemaAndSelectsATable) {
         Call(R"("member":"SelectedTabID","put":7)"));
     AddTable("OLD");
     SelectTable(window, 0);
+    int drawn = 0;
+    QObject::connect(&Find<TDiagram>(window, "Diagram"), &TDiagram::Changed, [&] { ++drawn; });
     Choose(window, "mnuExecuteItem");
+    EXPECT_LE(drawn, 2) << "during the run and after it";
     EXPECT_EQ(Listed(window), (Lines{"MADE|", "OLD|OLD", "*OLD2|"}));
     EXPECT_EQ(Find<TDiagram>(window, "Diagram").BoxKeys().size(), 3U);
     EXPECT_EQ(files::ReadFile(folder / "here"), folder.Path() + "\n") << "the workspace's folder";
@@ -202,6 +206,8 @@ TEST_F(ExecuteTest, AToolAsksByAForm) {
                       "printf '%s' \"$answer\" > answer\n");
     WhenOpen("frmForm", [](QWidget& form) {
         EXPECT_EQ(form.windowTitle(), "Ask");
+        QTest::keyClick(&form, Qt::Key_F1);
+        EXPECT_EQ(Find<QListWidget>(form, "lvHelpTopics").currentItem()->text(), "Add-ons");
         QTest::keyClicks(&Find<QLineEdit>(form, "name"), "y");
         QTest::keyClick(&form, Qt::Key_Return);
     });

@@ -1,5 +1,6 @@
 #include "ui/main/frm_main.h"
 
+#include <QLabel>
 #include <QMenu>
 #include <QMessageBox>
 #include <QProgressBar>
@@ -166,7 +167,8 @@ TEST_F(FrmMainTest, TakesNoInputWhileProgressIsMade) {
     const auto workspace = WorkspaceOf(state);
     auto& bar = Find<QProgressBar>(window, "pbProgress");
     const int width = window.minimumSizeHint().width();
-    workspace->StartProgress("Loading " + std::string(4000, 'w'), 1);
+    workspace->StartProgress("<b>" + std::string(4000, 'w'), 1);
+    EXPECT_TRUE(Find<QLabel>(window, "lblProgress").toolTip().startsWith("<p>&lt;b&gt;w"));
     EXPECT_LE(window.minimumSizeHint().width(), width + bar.width());
     workspace->StartProgress("Loading", 0);
     EXPECT_EQ(bar.maximum(), 1);
@@ -184,7 +186,12 @@ TEST_F(FrmMainTest, TakesNoInputWhileProgressIsMade) {
     });
     EXPECT_EQ(QtQuestions(state).Show({.text = "Go on?", .title = "T", .buttons = host::Buttons::YesNo}),
               host::Answer::Yes);
+    int drawn = 0;
+    QObject::connect(&Find<TDiagram>(window, "Diagram"), &TDiagram::Changed, [&] { ++drawn; });
+    state.window->DrawTable("NEW", 99, "", "");
+    EXPECT_EQ(drawn, 0);
     workspace->FinishProgress();
+    EXPECT_EQ(drawn, 1);
     EXPECT_FALSE(bar.isVisible());
     EXPECT_TRUE(window.isEnabled());
     EXPECT_FALSE(QApplication::overrideCursor());

@@ -21,12 +21,12 @@ class LostDatabaseTest : public WindowTest {
         state.database.reset();
     }
 
-    // The messages that had nothing to choose.
+    // The messages that had nothing to choose, with their reasons.
     Lines Told() {
         Lines told;
         for (const auto& asked : questions->TakeAsked())
             if (asked.answer == QueuedAnswer(host::Answer::OK) && asked.buttons == host::Buttons::OK)
-                told.push_back(asked.text);
+                told.push_back(asked.text + asked.detail);
         return told;
     }
 
@@ -53,12 +53,16 @@ TEST_F(LostDatabaseTest, ADialogStaysOpenOnAFullDisk) {
     Press(properties, Qt::Key_Return, Qt::AltModifier);
     EXPECT_TRUE(stayed);
     EXPECT_EQ(told.size(), 1U);
+    const std::string reason =
+        "The database \"" + file + "\" failed with: database or disk is full; make room";
+    EXPECT_NE(told.front().find(reason), std::string::npos) << told.front();
     EXPECT_TRUE(state.Database().Select("select * from Columns where Comments = 'kept'").Next());
     stayed = false;
     WhenOpen("frmTable", edit);
     Press(Browser(*window), Qt::Key_Return, Qt::AltModifier);
     EXPECT_TRUE(stayed);
-    EXPECT_EQ(told, Lines{"Cannot change table: A"});
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_TRUE(told.front().starts_with("Cannot change table: A" + reason)) << told.front();
     EXPECT_EQ(Listed(*window), Lines{"*A|kept"});
 }
 
@@ -78,11 +82,12 @@ TEST_F(LostDatabaseTest, WhatWasInAFileThatIsGoneIsSavedElsewhere) {
         return form;
     };
     Write(folder / "old.mdb", "old");
-    questions->Answers({path(folder / "none/copy.mdb"), path(folder / "old.mdb"), host::Answer::Cancel,
-                        path(folder / "copy.mdb")});
+    questions->Answers(
+        {path(folder / "none/copy.mdb"), path("old.mdb"), host::Answer::Cancel, path("copy.mdb")});
     EXPECT_TRUE(window->close());
     EXPECT_EQ(questions->Left(), 0U);
     EXPECT_NE(questions->lastForm.text.find("is no longer there"), std::string::npos);
+    EXPECT_EQ(ToText(questions->lastForm.fields.front().value), folder / "old.mdb") << "typed before";
     EXPECT_GE(Told().size(), 1U);  // that the first folder is not there
     EXPECT_EQ(Content(folder / "old.mdb"), "old");
     auto copy = db::Database::Open(folder / "copy.mdb")->Select("select ColumnName from Columns");

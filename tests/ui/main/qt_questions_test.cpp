@@ -79,6 +79,15 @@ TEST_F(QtQuestionsTest, TextsAreNoMarkupAndCutWhenTooLong) {
     }
 }
 
+TEST_F(QtQuestionsTest, AnInputDialogGivesItsProposalBackAndShowsALongPrompt) {
+    const std::string proposal = "a\r\n" + std::string(40000, 'b');
+    WhenOpen("inputDialog", [&](QWidget& dialog) {
+        EXPECT_EQ(dialog.findChild<QLabel*>()->toolTip(), "<p>" + QString(2000, 'w') + "&lt;b&gt;</p>");
+        dialog.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok)->click();
+    });
+    EXPECT_EQ(QtQuestions(state).Ask({.prompt = std::string(2000, 'w') + "<b>", .text = proposal}), proposal);
+}
+
 TEST_F(QtQuestionsTest, TheInputDialogReturnsWhatWasTyped) {
     const auto ask = [this](const QString& typed, QDialogButtonBox::StandardButton button) {
         WhenOpen("inputDialog", [=](QWidget& dialog) {

@@ -72,6 +72,25 @@ TEST_F(StartDialogTest, EachButtonOpensItsWorkspace) {
     EXPECT_EQ(Click("cmdNew"), "");
 }
 
+TEST_F(StartDialogTest, TheListOpensItsWorkspaceOnce) {
+    int tried = 0;
+    StartOffers offers = Offers();
+    offers.find = [&](const std::string& path) -> StartChoice {
+        if (++tried == 1) throw Error(ErrorKind::File, "busy");
+        return {path, std::nullopt};
+    };
+    StartDialog dialog(state.texts, offers, {"/first", "/second"});
+    dialog.show();
+    auto& list = Find<QListWidget>(dialog, "lvRecent");
+    WhenOpen("messageBox", [](QWidget& box) { box.close(); });
+    Press(list, Qt::Key_Return);
+    EXPECT_EQ(tried, 1);
+    const QPoint second = list.visualItemRect(list.item(1)).center();
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second);
+    QTest::mouseDClick(list.viewport(), Qt::LeftButton, {}, second);
+    EXPECT_EQ(dialog.Choice().folder, "/second");
+}
+
 TEST_F(StartDialogTest, AFolderThatIsNoWorkspaceIsSaidToBeNone) {
     QString said;
     WhenOpen("messageBox", [&](QWidget& box) {

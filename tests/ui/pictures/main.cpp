@@ -105,8 +105,10 @@ class Album {
         diagram.BringIntoView(diagram.CurrentBox());
         camera_.Take(window_, "tour");
         for (const char* item : {"mnuViewOrigin", "mnuViewLog", "mnuVerifyAll"}) Choose(item);
-        diagram.ZoomToFit();
+        auto* list = window_.findChild<QTreeView*>("lvProperties");
+        list->setCurrentIndex(list->model()->index(0, 0));
         camera_.Take(window_, "six-panes");
+        diagram.ZoomToFit();
         state_.window->StartProgress("Loading", 4);
         state_.window->FinishStep(2);
         camera_.Take(window_, "progress");

@@ -4,7 +4,7 @@
 
 namespace tessel {
 
-using Kind = BrowserChange::Kind;
+using Kind = RowsChange::Kind;
 
 namespace test {
 
@@ -13,7 +13,7 @@ TEST(BrowserListRules, ADrawnTableGoesToItsPlaceAndTheWatcherIsTold) {
         const char* name;
         std::int32_t tabID;
         std::vector<std::string> names;
-        std::vector<BrowserChange> changes;
+        std::vector<RowsChange> changes;
     } const cases[] = {
         {"banana", 4, {"apple", "banana", "Berry", "cherry"}, {{Kind::Insert, 1}}},
         {"Zebra", 4, {"apple", "Berry", "cherry", "Zebra"}, {{Kind::Insert, 3}}},
@@ -28,8 +28,8 @@ TEST(BrowserListRules, ADrawnTableGoesToItsPlaceAndTheWatcherIsTold) {
         list.Draw("cherry", 3, "", "");
         list.Draw("apple", 1, "", "");
         list.Draw("Berry", 2, "", "");
-        std::vector<BrowserChange> told;
-        list.Watch([&told](const BrowserChange& change, const auto& apply) {
+        std::vector<RowsChange> told;
+        list.Watch([&told](const RowsChange& change, const auto& apply) {
             told.push_back(change);
             apply();
         });

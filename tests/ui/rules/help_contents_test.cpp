@@ -37,11 +37,9 @@ TEST_P(HelpPagesTest, EachPageIsThereAndEachLinkLeadsToOne) {
 TEST_P(HelpPagesTest, EachWindowHasItsPage) {
     namespace context = help_context;
     for (const int number :
-         {context::window,       context::browser,      context::properties,  context::diagram,
-          context::origin,       context::errors,       context::activityLog, context::options,
-          context::addOns,       context::newTable,     context::renameTable, context::newIndex,
-          context::tableDialog,  context::columnDialog, context::indexDialog, context::foreignKeyDialog,
-          context::newKeyDialog, context::verification, context::import,      context::commandLine})
+         {context::window, context::diagram, context::activityLog, context::options, context::renameTable,
+          context::newIndex, context::tableDialog, context::columnDialog, context::indexDialog,
+          context::foreignKeyDialog, context::newKeyDialog})
         EXPECT_NE(&help.OfContext(number), &help.Topics().front()) << number;
     for (const int number : {context::none, 17, -1})
         EXPECT_EQ(&help.OfContext(number), &help.Topics().front()) << number;

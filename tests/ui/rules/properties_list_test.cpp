@@ -84,7 +84,7 @@ TEST_F(PropertiesListRules, EachTabListsItsRowsUnderItsHeadersAndOffersItsComman
 
 TEST_F(PropertiesListRules, WidthsFitTheWidestTextOfEachColumn) {
     const auto measure = [](const std::string& text) { return static_cast<int>(text.size()) * 100; };
-    EXPECT_EQ(list.ColumnWidths(measure), (std::vector<int>{600 + 450, 1000 + 180, 1100 + 180}));
+    EXPECT_EQ(list.ColumnWidths(list.Rows(), measure), (std::vector<int>{600 + 450, 1000 + 180, 1100 + 180}));
     EXPECT_EQ(FitFirstColumn({"A", "Bcd"}, 0, measure), 1450);
     EXPECT_EQ(FitFirstColumn({std::string(20, 'x')}, 2540, measure), 2450);
     EXPECT_EQ(FitFirstColumn({}, 3000, measure), 2910);

@@ -1,5 +1,5 @@
 -- Demo: the schema for MySQL / MariaDB
--- 1 table, 0 keys, 13 remarks
+-- 1 table, 0 keys, 14 remarks
 
 SET NAMES utf8mb4;
 SET @old_sql_mode = @@SESSION.sql_mode;
@@ -18,6 +18,7 @@ SET SESSION sql_mode = 'STRICT_ALL_TABLES,NO_ENGINE_SUBSTITUTION';
 -- Remark: Literals.C21: the default value "25:00" is left out, for it is no value of TIME.
 -- Remark: Literals.C24: the default value "本棚がある" is left out, for it is no value of CHAR(3).
 -- Remark: Literals.C30: the default value "0xabc" is left out, for it is no value of BINARY(2).
+-- Remark: Literals.C36: the default value "-9223372036854775809" is left out, for it is no value of BIGINT.
 CREATE TABLE `Literals` (
     `C1` TINYINT,
     `C2` SMALLINT,
@@ -52,7 +53,9 @@ CREATE TABLE `Literals` (
     `C31` BINARY(2) DEFAULT x'abcd',
     `C32` BINARY(2) DEFAULT x'abcd',
     `C33` INT,
-    `C34` VARCHAR(9)
+    `C34` VARCHAR(9),
+    `C35` BIGINT DEFAULT +9223372036854775807,
+    `C36` BIGINT
 ) ENGINE=InnoDB DEFAULT CHARSET=utf8mb4;
 
 SET SESSION sql_mode = @old_sql_mode;

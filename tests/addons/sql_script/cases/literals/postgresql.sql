@@ -1,5 +1,5 @@
 -- Demo: the schema for PostgreSQL
--- 1 table, 0 keys, 12 remarks
+-- 1 table, 0 keys, 13 remarks
 
 BEGIN;
 SET LOCAL client_encoding = 'UTF8';
@@ -17,6 +17,7 @@ SET LOCAL standard_conforming_strings = on;
 -- Remark: Literals.C21: the default value "25:00" is left out, for it is no value of TIME.
 -- Remark: Literals.C24: the default value "本棚がある" is left out, for it is no value of CHAR(3).
 -- Remark: Literals.C30: the default value "0xabc" is left out, for it is no value of BINARY(2).
+-- Remark: Literals.C36: the default value "-9223372036854775809" is left out, for it is no value of BIGINT.
 CREATE TABLE "Literals" (
     "C1" smallint DEFAULT 200,
     "C2" smallint,
@@ -51,7 +52,9 @@ CREATE TABLE "Literals" (
     "C31" bytea DEFAULT '\xabcd',
     "C32" bytea DEFAULT '\xabcd',
     "C33" integer,
-    "C34" varchar(9)
+    "C34" varchar(9),
+    "C35" bigint DEFAULT +9223372036854775807,
+    "C36" bigint
 );
 
 COMMIT;

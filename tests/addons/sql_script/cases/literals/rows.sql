@@ -34,3 +34,5 @@ insert into Columns(ColumnID,TabID,ColumnName,Position,TypeID,Precision,Scale,Is
 insert into Columns(ColumnID,TabID,ColumnName,Position,TypeID,Precision,Scale,IsNullable,DefaultValue) values(32,1,'C32',32,17,2,0,1,'0xABCD')
 insert into Columns(ColumnID,TabID,ColumnName,Position,TypeID,Precision,Scale,IsNullable,DefaultValue) values(33,1,'C33',33,4,0,0,1,'  ')
 insert into Columns(ColumnID,TabID,ColumnName,Position,TypeID,Precision,Scale,IsNullable,DefaultValue) values(34,1,'C34',34,12,9,0,1,'Null')
+insert into Columns(ColumnID,TabID,ColumnName,Position,TypeID,Precision,Scale,IsNullable,DefaultValue) values(35,1,'C35',35,14,0,0,1,'+9223372036854775807')
+insert into Columns(ColumnID,TabID,ColumnName,Position,TypeID,Precision,Scale,IsNullable,DefaultValue) values(36,1,'C36',36,14,0,0,1,'-9223372036854775809')

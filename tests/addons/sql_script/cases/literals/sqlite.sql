@@ -1,5 +1,5 @@
 -- Demo: the schema for SQLite
--- 1 table, 0 keys, 12 remarks
+-- 1 table, 0 keys, 13 remarks
 -- Run it with: sqlite3 -bail DATABASE < SCRIPT
 
 BEGIN;
@@ -16,6 +16,7 @@ BEGIN;
 -- Remark: Literals.C21: the default value "25:00" is left out, for it is no value of TIME.
 -- Remark: Literals.C24: the default value "本棚がある" is left out, for it is no value of CHAR(3).
 -- Remark: Literals.C30: the default value "0xabc" is left out, for it is no value of BINARY(2).
+-- Remark: Literals.C36: the default value "-9223372036854775809" is left out, for it is no value of BIGINT.
 CREATE TABLE "Literals" (
     "C1" TINYINT DEFAULT 200,
     "C2" SMALLINT,
@@ -50,7 +51,9 @@ CREATE TABLE "Literals" (
     "C31" BINARY(2) DEFAULT x'abcd',
     "C32" BINARY(2) DEFAULT x'abcd',
     "C33" INTEGER,
-    "C34" VARCHAR(9)
+    "C34" VARCHAR(9),
+    "C35" BIGINT DEFAULT +9223372036854775807,
+    "C36" BIGINT
 );
 
 COMMIT;

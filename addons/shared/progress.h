@@ -1,11 +1,13 @@
 #pragma once
 
-#include <memory>
+#include <cstdint>
+#include <exception>
 #include <string>
+#include <utility>
 
 #include "tessel/vntws.h"
 
-namespace tessel::sql_script {
+namespace tessel::tool {
 
 // The editor's progress bar for as long as this lives.
 class Progress {
@@ -40,4 +42,4 @@ class Progress {
     std::int32_t length_ = 0;  // of the step that goes on
 };
 
-}  // namespace tessel::sql_script
+}  // namespace tessel::tool

@@ -1,4 +1,4 @@
-#include "ui/main/busy.h"
+#include "ui/controls/busy.h"
 
 #include <QApplication>
 
