@@ -46,7 +46,7 @@ FormDialog::FormDialog(ComponentState& state, const host::Form& form, QWidget* o
     auto* page = new QWidget;
     auto* rows = new QFormLayout(page);
     rows->setContentsMargins({});
-    rows->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
     if (!form.text.empty()) rows->addRow(ValueLabel("lblText", Caption(form.text)));
     for (const auto& field : form.fields) Add(*rows, field);
     Body().addWidget(new FormArea(page));
