@@ -11,9 +11,9 @@ namespace tessel {
 //   "fields"   a collection of the fields under their keys, each a collection of
 //     "kind"     "text", "number", "check", "choice", "openFile", "saveFile", "note" or "list"
 //     "caption"  the label, with "&" before the letter that reaches the field
-//     "value"    what the field holds at first: a whole number, a Boolean, one of the choices, or else a
-//     text.
-//                One that does not convert counts as left out, which is 0, False, the first choice, or empty
+//     "value"    what the field holds at first: a whole number, a Boolean, one of the choices, or else
+//                a text. One that does not convert counts as left out, which is 0, False, the first
+//                choice, or empty
 //     "choices"  of a choice: a collection of the captions under their values
 //     "filter"   of a file: which files are offered, such as "SQL scripts (*.sql)"
 //     "columns"  of a list: a collection of the captions
