@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
+#include <cstdint>
 #include <limits>
 #include <optional>
 #include <utility>
@@ -16,19 +18,29 @@ namespace {
 
 enum class Clause { Expression, SelectList, Assignments, Ordering };
 
+// A word of at most 8 bytes as one number, whatever its letters' case; 0 for a longer one. Every word of a
+// statement is held against all that mean something here, and numbers are compared at once.
+constexpr std::uint64_t Keyword(std::string_view word) {
+    std::array<char, sizeof(std::uint64_t)> bytes{};
+    if (word.size() > bytes.size()) return 0;
+    std::copy(word.begin(), word.end(), bytes.begin());
+    return std::bit_cast<std::uint64_t>(bytes) | 0x2020'2020'2020'2020U;
+}
+
 // The words that begin a clause.
-constexpr std::array<std::pair<std::string_view, Clause>, 8> clauseWords{{
-    {"select", Clause::SelectList},
-    {"set", Clause::Assignments},
-    {"order", Clause::Ordering},
-    {"group", Clause::Ordering},
-    {"from", Clause::Expression},
-    {"where", Clause::Expression},
-    {"having", Clause::Expression},
-    {"limit", Clause::Expression},
+constexpr std::array<std::pair<std::uint64_t, Clause>, 8> clauseWords{{
+    {Keyword("select"), Clause::SelectList},
+    {Keyword("set"), Clause::Assignments},
+    {Keyword("order"), Clause::Ordering},
+    {Keyword("group"), Clause::Ordering},
+    {Keyword("from"), Clause::Expression},
+    {Keyword("where"), Clause::Expression},
+    {Keyword("having"), Clause::Expression},
+    {Keyword("limit"), Clause::Expression},
 }};
 
-constexpr std::array<std::string_view, 4> statementWords{"select", "insert", "update", "delete"};
+constexpr std::array statementWords{Keyword("select"), Keyword("insert"), Keyword("update"),
+                                    Keyword("delete")};
 
 class Scanner {
   public:
@@ -36,8 +48,9 @@ class Scanner {
 
     Rewritten Run() {
         CheckCharacters();
-        while (position_ < sql_.size()) Token();
+        for (SkipBlanks(); position_ < sql_.size(); SkipBlanks()) Token();
         if (tokens_ == 0) Refuse("it holds no statement");
+        Replace(position_, {});
         return std::move(result_);
     }
 
@@ -63,15 +76,26 @@ class Scanner {
         position_ += symbol.size();
         return true;
     }
+    std::string_view PeekWord() const {
+        const std::string_view rest = sql_.substr(position_);
+        return {rest.begin(), std::find_if_not(rest.begin(), rest.end(), IsWordPart)};
+    }
     std::string_view TakeWord() {
-        const std::size_t start = position_;
-        while (IsWordPart(Peek())) ++position_;
-        return sql_.substr(start, position_ - start);
+        const std::string_view word = PeekWord();
+        position_ += word.size();
+        return word;
+    }
+
+    // What was passed since the last replacement stands as it is up to `start`; from there on to here the
+    // replacement does.
+    void Replace(std::size_t start, std::string_view replacement) {
+        result_.text += sql_.substr(kept_, start - kept_);
+        result_.text += replacement;
+        kept_ = position_;
     }
 
     void Token() {
         const char c = Peek();
-        if (IsBlank(c)) return Copy(1);
         if (++tokens_ == 1) CheckStatement();
         if (tokens_ == 4 && isDelete_) MarkAlias();
         if (c == '\'') return Text();
@@ -81,43 +105,33 @@ class Scanner {
         Symbol(c);
     }
 
-    std::string PeekWord() const {
-        std::size_t length = 0;
-        while (IsWordPart(Peek(length))) ++length;
-        return text::LowerAscii(sql_.substr(position_, length));
-    }
-
     void CheckStatement() {
-        const std::string word = PeekWord();
-        isDelete_ = word == "delete";
+        const std::uint64_t word = Keyword(PeekWord());
+        isDelete_ = word == Keyword("delete");
         if (std::find(statementWords.begin(), statementWords.end(), word) == statementWords.end())
             Refuse("only select, insert, update and delete are statements here");
     }
 
     // What follows "delete from T" is its alias, unless it begins the rest of the statement.
     void MarkAlias() {
-        const std::string word = PeekWord();
-        if (Peek() != ';' && word != "where" && word != "as") result_.text += "as ";
-    }
-
-    void Copy(std::size_t count) {
-        result_.text += sql_.substr(position_, count);
-        position_ += count;
+        const std::uint64_t word = Keyword(PeekWord());
+        if (Peek() != ';' && word != Keyword("where") && word != Keyword("as")) Replace(position_, "as ");
     }
 
     bool KeepsConstants() const {
         return clauses_.back() == Clause::SelectList || clauses_.back() == Clause::Ordering;
     }
-    void Parameter(Value value) {
-        result_.text += '?';
+    void Parameter(std::size_t start, Value value) {
+        Replace(start, "?");
         result_.parameters.push_back(std::move(value));
     }
 
     void Text() {
+        const std::size_t start = position_;
         std::string text = TakeText();
         while (auto more = TakeJoinedConstant()) text += *more;
-        if (!KeepsConstants()) return Parameter(std::move(text));
-        result_.text += '\'';
+        if (!KeepsConstants()) return Parameter(start, std::move(text));
+        Replace(start, "'");
         for (const char c : text) result_.text.append(c == '\'' ? 2 : 1, c);
         result_.text += '\'';
     }
@@ -150,7 +164,7 @@ class Scanner {
     }
 
     std::optional<std::string> TakeCharacter() {
-        if (!text::SameText(TakeWord(), "chr")) return std::nullopt;
+        if (Keyword(TakeWord()) != Keyword("chr")) return std::nullopt;
         SkipBlanks();
         if (!Skip("(")) return std::nullopt;
         SkipBlanks();
@@ -163,10 +177,9 @@ class Scanner {
     }
 
     void Number() {
-        const std::size_t length = NumberLength();
-        if (KeepsConstants()) return Copy(length);
-        Parameter(NumberValue(sql_.substr(position_, length)));
-        position_ += length;
+        const std::size_t start = position_;
+        position_ += NumberLength();
+        if (!KeepsConstants()) Parameter(start, NumberValue(sql_.substr(start, position_ - start)));
     }
 
     std::size_t NumberLength() const {
@@ -198,18 +211,14 @@ class Scanner {
     }
 
     void Word() {
-        const std::string_view word = TakeWord();
-        const std::string lower = text::LowerAscii(word);
-        if (lower == "unique") {
-            result_.text += "[Unique]";
-        } else if ((lower == "true" || lower == "false") && !KeepsConstants()) {
-            Parameter(std::int32_t{lower == "true"});
-        } else if (lower == "chr" && AtParenthesis()) {
-            result_.text += "char";
-        } else {
-            EnterClause(lower);
-            result_.text += word;
-        }
+        const std::size_t start = position_;
+        const std::uint64_t word = Keyword(TakeWord());
+        const bool isTrue = word == Keyword("true");
+        if (word == Keyword("unique")) return Replace(start, "[Unique]");
+        if (word == Keyword("chr") && AtParenthesis()) return Replace(start, "char");
+        if ((isTrue || word == Keyword("false")) && !KeepsConstants())
+            return Parameter(start, std::int32_t{isTrue});
+        EnterClause(word);
     }
 
     bool AtParenthesis() const {
@@ -217,7 +226,7 @@ class Scanner {
         return next != std::string_view::npos && sql_[next] == '(';
     }
 
-    void EnterClause(std::string_view word) {
+    void EnterClause(std::uint64_t word) {
         for (const auto& [name, clause] : clauseWords)
             if (word == name) clauses_.back() = clause;
     }
@@ -225,25 +234,25 @@ class Scanner {
     void QuotedName(char close) {
         const std::size_t end = sql_.find(close, position_ + 1);
         if (end == std::string_view::npos) Refuse("a quoted name in it is not closed");
-        Copy(end + 1 - position_);
+        position_ = end + 1;
     }
 
     void Symbol(char c) {
         if (c == ';') return End();
         if (c == '?' || c == ':' || c == '@' || c == '$') Refuse(std::string("it holds the mark ") + c);
-        if ((c == '<' || c == '>') && sql_.substr(position_ + 1).starts_with('=')) return Copy(2);
-        if (NullComparison()) return;
-        if (Skip("&")) {
-            result_.text += "||";
+        if ((c == '<' || c == '>') && Peek(1) == '=') {
+            position_ += 2;
             return;
         }
+        if (NullComparison()) return;
+        if (Skip("&")) return Replace(position_ - 1, "||");
         if (c == '(')
             clauses_.push_back(clauses_.back() == Clause::Assignments ? Clause::Expression : clauses_.back());
         if (c == ')' && clauses_.size() > 1) clauses_.pop_back();
         // A blank keeps two signs from becoming the beginning of a comment.
-        const char last = result_.text.back();
-        if ((c == '-' && last == '-') || (c == '*' && last == '/')) result_.text += ' ';
-        Copy(1);
+        const char last = sql_[position_ - 1];
+        if ((c == '-' && last == '-') || (c == '*' && last == '/')) Replace(position_, " ");
+        ++position_;
     }
 
     bool NullComparison() {
@@ -252,22 +261,24 @@ class Scanner {
         const bool compares =
             unequal || (clauses_.back() != Clause::Assignments && (Skip("==") || Skip("=")));
         SkipBlanks();
-        if (compares && text::SameText(TakeWord(), "null")) {
-            result_.text += unequal ? " is not null" : " is null";
-            return true;
-        }
-        position_ = start;
-        return false;
+        const bool isNull = compares && Keyword(TakeWord()) == Keyword("null");
+        if (isNull)
+            Replace(start, unequal ? " is not null" : " is null");
+        else
+            position_ = start;
+        return isNull;
     }
 
     void End() {
-        ++position_;
+        const std::size_t start = position_++;
         SkipBlanks();
         if (position_ < sql_.size()) Refuse("a second statement follows the first");
+        Replace(start, {});
     }
 
     std::string_view sql_;
     std::size_t position_ = 0;
+    std::size_t kept_ = 0;  // where what is not yet in the result begins
     Rewritten result_;
     std::vector<Clause> clauses_{Clause::Expression};  // one for each open parenthesis, and one more
     std::size_t tokens_ = 0;                           // including the current one
