@@ -35,8 +35,10 @@ void CallServer::Call(const Json& line, Json& answer) {
     CallLine call = ReadCall(line, handles_);
     questions_.ForgetAnswers();
     if (call.answers) questions_.SetAnswers(*std::move(call.answers));
+    state_.failure.clear();
     const Value result = ObjectOn(call.on)->Call(call.member, call.kind, call.arguments);
     answer["result"] = ToJson(result, handles_);
+    if (result == Value(false) && !state_.failure.empty()) answer["reason"] = state_.failure;
     answer["args"] = ArgumentsJson(call.kind == CallKind::Put ? Arguments{} : std::move(call.arguments));
 }
 

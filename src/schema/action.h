@@ -1,29 +1,24 @@
 #pragma once
 
-#include <string>
 #include <utility>
 
-#include "platform/db/database.h"
+#include "schema/component_state.h"
 
 namespace tessel {
 
-// Why the action that RunTrapped ran last on this thread failed; empty when it did not, or when it only broke
-// a rule of a table.
-inline thread_local std::string trappedReason;
-
 // Runs an action as one transaction and returns what it returns; what it wrote is kept either way. A failure
 // of the database or of a conversion undoes the action and gives false; other failures undo it and are
-// thrown.
+// thrown. Why a failed action failed stands in the state's `failure`, unless it only broke a rule of a table.
 template <typename Action>
-bool RunTrapped(db::Database& database, Action&& action) {
-    trappedReason.clear();
+bool RunTrapped(ComponentState& state, Action&& action) {
+    state.failure.clear();
     try {
-        db::Transaction transaction(database);
+        db::Transaction transaction(state.Database());
         const bool result = std::forward<Action>(action)();
         transaction.Commit();
         return result;
     } catch (const db::DatabaseError& error) {
-        if (error.Kind() != ErrorKind::Constraint) trappedReason = error.what();
+        if (error.Kind() != ErrorKind::Constraint) state.failure = error.what();
         return false;
     } catch (const Error& error) {
         if (error.Kind() != ErrorKind::Conversion) throw;

@@ -53,7 +53,7 @@ bool Workspace::ColumnAdd(std::int32_t tableId, std::string& columnName, std::in
                           std::int32_t precision, std::int32_t scl, bool isNullable, const Value& comment,
                           const Value& defaultValue, const Value& created, const Value& createdVia,
                           const Value& cvrl, std::int32_t afterID, std::int32_t& columnId) {
-    return RunTrapped(Db(), [&] {
+    return RunTrapped(state_, [&] {
         const auto place = PlaceAfter(Db(), afterID);
         if (!place) return false;
         Db().Execute("update Columns set Position = Position+1 where TabID=" + std::to_string(tableId) +
@@ -86,7 +86,7 @@ std::int32_t Workspace::ColumnImport(std::int32_t tabID, const std::string& fiel
                                      const Value& createdVia, const Value& cvrl,
                                      std::string& resultColumnName) {
     std::int32_t columnId = 0;
-    RunTrapped(Db(), [&] {
+    RunTrapped(state_, [&] {
         const std::int32_t position = NextPosition(Db(), tabID);
         db::TableSet row = Db().OpenTable("Columns");
         row.AddNew();
@@ -116,7 +116,7 @@ std::int32_t Workspace::ColumnImport(std::int32_t tabID, const std::string& fiel
 std::int32_t Workspace::ColumnCopy(std::int32_t sourceColumnID, std::int32_t destTabID,
                                    std::int32_t destAfterID) {
     std::int32_t copyID = -1;
-    const bool copied = RunTrapped(Db(), [&] {
+    const bool copied = RunTrapped(state_, [&] {
         db::TableSet source = Db().OpenTable("Columns");
         source.SetIndex("PrimaryKey");
         if (!source.Seek({sourceColumnID})) return false;
@@ -132,7 +132,7 @@ std::int32_t Workspace::ColumnCopy(std::int32_t sourceColumnID, std::int32_t des
 
 bool Workspace::ColumnDrop(std::int32_t columnId) {
     const std::string identifier = std::to_string(columnId);
-    return RunTrapped(Db(), [&] {
+    return RunTrapped(state_, [&] {
         Db().Execute("Delete from ForeignKeyColumns where ColumnID = " + identifier +
                      " or RefColumnID = " + identifier);
         Db().Execute("Delete from Columns where ColumnID = " + identifier);
@@ -149,7 +149,7 @@ bool Workspace::ColumnUpdate(std::int32_t columnId, const Value& columnName, con
                               scl.IsMissing() && isNullable.IsMissing() && comment.IsMissing() &&
                               defaultValue.IsMissing();
     if (nothingGiven) return true;
-    return RunTrapped(Db(), [&] {
+    return RunTrapped(state_, [&] {
         std::int32_t newPrecision = GivenOrUnchanged(precision);
         std::int32_t newScale = GivenOrUnchanged(scl);
         db::TableSet row = Db().OpenTable("Columns");

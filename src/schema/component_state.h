@@ -42,6 +42,7 @@ struct ComponentState {
 
     SqlTypeCatalogue sqlTypes;
     OriginSourceState originSource;
+    std::string failure;               // why the last action of RunTrapped failed
     std::shared_ptr<VNTWS> workspace;  // use WorkspaceOf
 
     [[nodiscard]] host::Frontend& Frontend() const;  // throws ErrorKind::Host while no host is known

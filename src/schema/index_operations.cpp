@@ -57,7 +57,7 @@ bool Workspace::IndexMatch(std::int32_t indexID, const Collection& columnIDs) {
 }
 
 bool Workspace::IndexAdd(std::int32_t tableId, const std::string& indexName, std::int32_t& indexID) {
-    return RunTrapped(Db(), [&] {
+    return RunTrapped(state_, [&] {
         db::TableSet row = Db().OpenTable("Indices");
         row.AddNew();
         if (!SetNameField(state_, row, "IndexName", indexName)) return false;
@@ -71,7 +71,7 @@ bool Workspace::IndexAdd(std::int32_t tableId, const std::string& indexName, std
 
 bool Workspace::IndexUpdate(std::int32_t indexID, const Value& indexName, const Value& unique,
                             const Value& comment) {
-    return RunTrapped(Db(), [&] {
+    return RunTrapped(state_, [&] {
         db::TableSet row = Db().OpenTable("Indices");
         row.SetIndex("PrimaryKey");
         if (!row.Seek({indexID})) return false;
@@ -87,7 +87,7 @@ bool Workspace::IndexUpdate(std::int32_t indexID, const Value& indexName, const 
 
 bool Workspace::IndexDrop(std::int32_t indexID) {
     const std::string identifier = std::to_string(indexID);
-    return RunTrapped(Db(), [&] {
+    return RunTrapped(state_, [&] {
         if (!Db().Select("select TabID from Indices where IndexID = " + identifier).Next()) return false;
         Db().Execute("Delete from IndexColumns where  IndexID=" + identifier);
         if (Db().Execute("Delete from Indices where  IndexID = " + identifier) == 0) return false;

@@ -22,7 +22,7 @@ Value UpperLetter(const Value& howDelete) {
 
 bool Workspace::ForeignAdd(std::int32_t tableId, std::int32_t refTableId, const std::string& keyName,
                            std::int32_t& keyID) {
-    const bool added = RunTrapped(Db(), [&] {
+    const bool added = RunTrapped(state_, [&] {
         db::TableSet row = Db().OpenTable("ForeignKeys");
         row.AddNew();
         if (!SetNameField(state_, row, "KeyName", keyName)) return false;
@@ -43,7 +43,7 @@ bool Workspace::ForeignAdd(std::int32_t tableId, std::int32_t refTableId, const 
 
 bool Workspace::ForeignUpdate(std::int32_t keyID, const Value& keyName, const Value& howDelete,
                               const Value& cvrl) {
-    const bool updated = RunTrapped(Db(), [&] {
+    const bool updated = RunTrapped(state_, [&] {
         db::TableSet row = Db().OpenTable("ForeignKeys");
         row.SetIndex("PrimaryKey");
         if (!row.Seek({keyID})) return false;
@@ -62,7 +62,7 @@ bool Workspace::ForeignUpdate(std::int32_t keyID, const Value& keyName, const Va
 
 bool Workspace::ForeignDrop(std::int32_t keyID) {
     const std::string identifier = std::to_string(keyID);
-    const bool dropped = RunTrapped(Db(), [&] {
+    const bool dropped = RunTrapped(state_, [&] {
         if (!Db().Select("select TabID from ForeignKeys where KeyID = " + identifier).Next()) return false;
         Db().Execute("Delete from ForeignKeyColumns fkc where  KeyID=" + identifier);
         if (Db().Execute("Delete from ForeignKeys  where  KeyID = " + identifier) == 0) return false;

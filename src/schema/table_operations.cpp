@@ -41,7 +41,7 @@ std::string Workspace::GetFreeTableName(std::string& tableName) {
 bool Workspace::TableAdd(const std::string& tableName, std::int32_t& tableId, const Value& repObjId,
                          const DateTime& created, const Value& createdVia, const Value& cvrl) {
     if (tableName.empty()) return false;
-    const bool added = RunTrapped(Db(), [&] {
+    const bool added = RunTrapped(state_, [&] {
         db::TableSet row = Db().OpenTable("Tables");
         row.AddNew();
         if (!SetNameField(state_, row, "TableName", tableName)) return false;
@@ -134,7 +134,7 @@ bool Workspace::TableUpdate(std::int32_t tableId, const Value& tableName, const 
         primaryIndexID.IsMissing())
         return true;
     std::string drawnName;
-    const bool updated = RunTrapped(Db(), [&] {
+    const bool updated = RunTrapped(state_, [&] {
         db::TableSet row = Db().OpenTable("Tables");
         row.SetIndex("PrimaryKey");
         if (!row.Seek({tableId})) return false;

@@ -4,6 +4,7 @@
 
 #include "lines/json_values.h"
 #include "schema/form_reader.h"
+#include "support/raw_sql.h"
 #include "support/schema_test.h"
 
 namespace tessel::test {
@@ -62,6 +63,20 @@ TEST_F(ServingCalls, GoesOnAfterEveryKindOfError) {
     for (std::size_t i = 0; i < std::size(cases); ++i)
         EXPECT_EQ(Json::parse(answers[i])["error"]["kind"], cases[i].second) << cases[i].first << answers[i];
     EXPECT_EQ(answers.back(), R"({"id":[1],"result":"VNT","args":[],"messages":[]})");
+}
+
+TEST_F(ServingCalls, SaysWhyTheDatabaseDidNotComply) {
+    constexpr const char* add =
+        R"({"member":"TableAdd","args":["A",0,null,{"date":"2026-01-31"},null,null]})";
+    RunRawSql(state.databaseFilename,
+              "create trigger T before insert on Tables begin insert into Gone values(1); end");
+    const auto refused = Json::parse(Serve(add).at(0));
+    EXPECT_EQ(refused["result"], false);
+    EXPECT_NE(refused.value("reason", "").find("Gone"), std::string::npos) << refused.dump();
+    RunRawSql(state.databaseFilename, "drop trigger T");
+    const auto answers =
+        Serve(add + std::string("\n") + add + "\n" + R"({"member":"TableDrop","args":[99]})");
+    for (const auto& answer : answers) EXPECT_FALSE(Json::parse(answer).contains("reason")) << answer;
 }
 
 TEST_F(ServingCalls, ReachesTheObjectsOfTheWorkspace) {

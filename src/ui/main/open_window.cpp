@@ -59,7 +59,7 @@ bool Write(const QImage& image, const std::string& path) {
         files::ReplaceFile(std::filesystem::absolute(path).lexically_normal().string(),
                            content.toStdString());
         return true;
-    } catch (const Error& error) {
+    } catch (const std::exception& error) {
         std::cerr << "tessel: " << error.what() << '\n';
         return false;
     }

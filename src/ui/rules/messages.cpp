@@ -31,10 +31,10 @@ bool MayReplace(const ComponentState& state, const std::string& path) {
 bool DoOrTell(ComponentState& state, const UserChange& change, const std::function<bool()>& act) {
     std::string reason;
     bool done = false;
-    trappedReason.clear();
+    state.failure.clear();
     try {
         done = act();
-        reason = trappedReason;
+        reason = state.failure;
     } catch (const Error& error) {
         reason = error.what();
     }

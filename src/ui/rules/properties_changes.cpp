@@ -51,7 +51,7 @@ std::optional<ColumnRow> AddColumn(ComponentState& state, std::int32_t tabID, st
 
 // A table must not go on naming an index that is gone as its primary one.
 bool DropIndex(ComponentState& state, std::int32_t indexID) {
-    return RunTrapped(state.Database(), [&] {
+    return RunTrapped(state, [&] {
         state.Database().Execute("update Tables set PrimaryIndexID = null where PrimaryIndexID = " +
                                  std::to_string(indexID));
         return WorkspaceOf(state)->IndexDrop(indexID);
