@@ -3,6 +3,6 @@
 # one.
 set -euo pipefail
 cd "$1"
-find src include tests bench addons docs fuzz \( -name '*.cpp' -o -name '*.h' \) -print0 |
+find src include tests bench tools addons docs fuzz \( -name '*.cpp' -o -name '*.h' \) -print0 |
     xargs -0 -r -n 32 -P 2 clang-format --dry-run -Werror 2>&1 |
     { grep -E '^[^ ]+: ' || true; } | sort -u -t: -k1,1

@@ -1,4 +1,4 @@
-#include "ui/pictures/camera.h"
+#include "camera.h"
 
 #include <QApplication>
 #include <QPalette>

@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <iostream>
 
+#include "camera.h"
 #include "engine/tessel_engine.h"
 #include "ui/controls/help_window.h"
 #include "ui/main/application.h"
@@ -17,7 +18,6 @@
 #include "ui/main/qt_questions.h"
 #include "ui/main/start_dialog.h"
 #include "ui/main/tool_watch.h"
-#include "ui/pictures/camera.h"
 #include "workbench/stand_alone_frontend.h"
 
 // pictures SHARE WORKSPACE PROJECT OUT LANGUAGE light|dark: pictures of every state of the window on a
