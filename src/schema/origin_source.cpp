@@ -8,9 +8,9 @@ namespace tessel {
 
 namespace {
 
-void Forget(OriginSourceState& state) {
+void Release(OriginSourceState& state) {
     if (state.source) state.source->Close();
-    state = {};
+    state.source.reset();
 }
 
 // The object whose source is meant; none for a data port that nothing reads or writes.
@@ -34,22 +34,30 @@ std::shared_ptr<host::OriginSource> TryLoad(host::Frontend& frontend, const std:
 }  // namespace
 
 bool LocateOriginSource(OriginSourceState& state, host::Frontend& frontend, std::string& identifier) {
-    const auto object = identifier.empty() ? nullptr : SourceOwner(frontend, identifier);
+    if (identifier.empty()) {
+        Release(state);
+        state.lastIdentifier.clear();
+        return false;
+    }
+    const auto object = SourceOwner(frontend, identifier);
     if (!object) {
-        Forget(state);
+        state.path.clear();
         return false;
     }
     identifier = object->Identifier();
-    if (identifier == state.lastIdentifier) return state.source != nullptr;
-    Forget(state);
+    if (identifier == state.lastIdentifier) return state.isFound;
     state.lastIdentifier = identifier;
+    state.isFound = false;
+    state.path.clear();
 
     const std::string file = NullToText(object->Attribute("Lumivex"));
     const std::string candidate = frontend.GetCorvaneName(host::name_item::workspaceFolder) + "\\" + file;
     if (file.empty() || !files::FileExists(candidate)) return false;
+    Release(state);
     state.source = TryLoad(frontend, candidate, *object);
-    if (state.source) state.path = candidate;
-    return state.source != nullptr;
+    state.isFound = state.source != nullptr;
+    if (state.isFound) state.path = candidate;
+    return state.isFound;
 }
 
 }  // namespace tessel
