@@ -26,6 +26,12 @@ std::vector<std::string> Candidates(const std::string& name) {
 
 std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
 
+// Whether there is no file of the name, as opposed to one that cannot be read.
+bool IsAbsence(const std::error_code& failure) {
+    return failure == std::errc::no_such_file_or_directory || failure == std::errc::is_a_directory ||
+           failure == std::errc::filename_too_long;
+}
+
 // A name that leads into no other folder.
 bool IsPlainName(const std::string& name) {
     return !name.empty() && name.find_first_of("/\\") == std::string::npos && name != "." && name != "..";
@@ -89,7 +95,9 @@ Tokens CopyReader::Copied(const Tokens& statement, const std::string& path) {
         const std::string file = FolderOf(path) + candidate;
         if (std::ranges::find(open_, file) != open_.end()) return refuse(Text::CopyCycle, copy->name);
         std::string content;
-        if (!read_(file, content)) return CopiedFrom(file, content, *copy);
+        const auto failure = read_(file, content);
+        if (!failure) return CopiedFrom(file, content, *copy);
+        if (!IsAbsence(failure)) throw Complaint(Text::FileUnreadable, {file, failure.message()});
     }
     return refuse(Text::CopyNotFound, copy->name);
 }

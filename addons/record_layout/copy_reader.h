@@ -25,7 +25,8 @@ class CopyReader {
     CopyReader(FileReader read, Format format, Remarks& remarks)
         : read_(std::move(read)), format_(format), remarks_(remarks) {}
 
-    // Throws Complaint when the file cannot be read, is no text, or is too large with what it copies.
+    // Throws Complaint when the file or one that it copies cannot be read or is no text, or when they are too
+    // large together. A copy that is not there is a remark.
     [[nodiscard]] Tokens Read(const std::string& path);
 
     [[nodiscard]] const std::vector<std::string>& Files() const { return files_; }

@@ -5,6 +5,7 @@
 #include "forms.h"
 #include "host_calls.h"
 #include "report.h"
+#include "shared/files.h"
 #include "tessel/error.h"
 #include "tokens.h"
 
@@ -85,7 +86,8 @@ class ToolRun {
     // The import counts also without the list of what it did not use.
     void LeaveReport(const std::vector<std::string>& report) {
         const std::string file = HostProperty(frontend_, "ErrorsFile");
-        if (const auto failure = WriteReport(file, report))
+        if (report.empty() || file.empty()) return;
+        if (const auto failure = tool::ReplaceFile(file, JoinLines(report) + "\n"))
             ShowWarning(workspace_, Say(Text::FileNotWritten, {file, failure.message()}));
     }
 

@@ -1,9 +1,5 @@
 #include "report.h"
 
-#include <filesystem>
-
-#include "shared/files.h"
-
 namespace tessel::layout {
 
 namespace {
@@ -27,14 +23,6 @@ std::string JoinLines(const std::vector<std::string>& lines) {
     std::string joined;
     for (const auto& line : lines) joined += (joined.empty() ? "" : "\n") + line;
     return joined;
-}
-
-std::error_code WriteReport(const std::string& path, const std::vector<std::string>& lines) {
-    std::error_code failure;
-    if (path.empty()) return failure;
-    if (!lines.empty()) return tool::ReplaceFile(path, JoinLines(lines) + "\n");
-    std::filesystem::remove(path, failure);
-    return failure;
 }
 
 }  // namespace tessel::layout

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <string>
-#include <system_error>
 #include <vector>
 
 #include "layout.h"
@@ -12,9 +11,5 @@ namespace tessel::layout {
 [[nodiscard]] std::vector<std::string> ReportLines(const Layout& layout, Language language);
 
 [[nodiscard]] std::string JoinLines(const std::vector<std::string>& lines);
-
-// Leaves the lines in the file; without lines there is no file afterwards. An empty path is none. A crash or
-// a full disk leaves the old file or the whole new one. Returns why it failed, if it did.
-[[nodiscard]] std::error_code WriteReport(const std::string& path, const std::vector<std::string>& lines);
 
 }  // namespace tessel::layout

@@ -11,6 +11,8 @@
 
 namespace tessel::tool {
 
+namespace fs = std::filesystem;
+
 namespace {
 
 std::error_code Failure(int code) { return {code, std::generic_category()}; }
@@ -39,7 +41,7 @@ class Descriptor {
 // A file that is gone at the end unless it was put in its place. What fails is false, errno saying why.
 class NewFile {
   public:
-    explicit NewFile(const std::string& target) : file_(Make(target)) {}
+    explicit NewFile(const fs::path& folder) : file_(Make(folder)) {}
     ~NewFile() {
         if (!path_.empty()) unlink(path_.c_str());
     }
@@ -60,17 +62,18 @@ class NewFile {
         }
         return fsync(file_.Number()) == 0;
     }
-    [[nodiscard]] bool PutInPlaceOf(const std::string& target) {
+    [[nodiscard]] bool PutInPlaceOf(const fs::path& target) {
         if (rename(path_.c_str(), target.c_str()) != 0) return false;
         path_.clear();
         return true;
     }
 
   private:
-    // A name is tried anew until it is free: a killed process may have left one behind.
-    int Make(const std::string& target) {
+    // The editor gives its own new files such names, and clears away those of processes that are gone. One is
+    // tried anew until it is free: a killed process may have left it behind.
+    int Make(const fs::path& folder) {
         for (int count = 0;; ++count) {
-            const auto path = target + ".new-" + std::to_string(getpid()) + "-" + std::to_string(count);
+            const auto path = folder / (".tessel-" + std::to_string(getpid()) + "-" + std::to_string(count));
             const int made = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
             if (made < 0 && errno == EEXIST) continue;
             if (made >= 0) path_ = path;
@@ -78,12 +81,24 @@ class NewFile {
         }
     }
 
-    std::string path_;
+    fs::path path_;
     Descriptor file_;
 };
 
+// Where a link leads, also when nothing is there yet. Links in a circle end at one of them, which is no file.
+fs::path FollowLinks(fs::path path) {
+    constexpr int mostLinks = 40;
+    std::error_code end;
+    for (int count = 0; count < mostLinks; ++count) {
+        const auto next = fs::read_symlink(path, end);
+        if (end) break;
+        path = path.parent_path() / next;
+    }
+    return path;
+}
+
 // Finds the file that would be replaced, if there is one; why it may not be, 0 when it may.
-int FindEarlier(const std::string& target, std::optional<struct stat>& earlier) {
+int FindEarlier(const fs::path& target, std::optional<struct stat>& earlier) {
     struct stat status {};
     if (stat(target.c_str(), &status) != 0) return errno == ENOENT ? 0 : errno;
     if (const int cause = WhyNoFile(status)) return cause;
@@ -92,17 +107,19 @@ int FindEarlier(const std::string& target, std::optional<struct stat>& earlier) 
     return 0;
 }
 
-// Makes the renaming last; some file systems know no such thing and say EINVAL.
-bool SyncFolder(const std::filesystem::path& folder) {
+// Makes the renaming last, where that can be done: a folder may be closed to reading, and some file systems
+// know no such thing and say EINVAL.
+bool SyncFolder(const fs::path& folder) {
     const Descriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    return opened.Number() >= 0 && (fsync(opened.Number()) == 0 || errno == EINVAL);
+    if (opened.Number() < 0) return errno == EACCES;
+    return fsync(opened.Number()) == 0 || errno == EINVAL;
 }
 
 // Why that failed; 0 when it did not.
-int Replace(const std::string& target, const std::optional<struct stat>& earlier, std::string_view content) {
-    NewFile file(target);
+int Replace(const fs::path& target, const std::optional<struct stat>& earlier, std::string_view content) {
+    NewFile file(target.parent_path());
     const bool isDone = file.IsOpen() && (!earlier || file.TakeRightsOf(*earlier)) && file.Write(content) &&
-                        file.PutInPlaceOf(target) && SyncFolder(std::filesystem::path(target).parent_path());
+                        file.PutInPlaceOf(target) && SyncFolder(target.parent_path());
     return isDone ? 0 : errno;
 }
 
@@ -127,9 +144,8 @@ std::error_code ReadFile(const std::string& path, std::string& content, std::siz
 
 std::error_code ReplaceFile(const std::string& path, std::string_view content) {
     std::error_code ignored;
-    const auto place = std::filesystem::weakly_canonical(path, ignored);
-    const std::string target = place.empty() ? path : place.string();
-    std::filesystem::create_directory(std::filesystem::path(target).parent_path(), ignored);
+    const auto target = FollowLinks(fs::absolute(path, ignored));
+    fs::create_directory(target.parent_path(), ignored);
     std::optional<struct stat> earlier;
     const int cause = FindEarlier(target, earlier);
     return Failure(cause != 0 ? cause : Replace(target, earlier, content));

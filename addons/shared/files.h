@@ -12,8 +12,9 @@ namespace tessel::tool {
                                        std::size_t most = std::string::npos);
 
 // Gives the file this content, and makes its folder where that alone is missing. A link stays one: the file
-// that it leads to is replaced, and keeps its rights. A crash or a full disk leaves the old content or the
-// whole new one, on the disk before this returns.
+// that it leads to is replaced, and keeps its rights, or is made. A crash or a full disk leaves the old
+// content or the whole new one, on the disk before this returns where the folder can be synced. A failure
+// leaves the old one, but for that of the syncing itself, which comes when the new one is in its place.
 [[nodiscard]] std::error_code ReplaceFile(const std::string& path, std::string_view content);
 
 }  // namespace tessel::tool

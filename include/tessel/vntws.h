@@ -115,9 +115,9 @@ class VNTWS : public Object {
                                     std::int32_t destAfterID) = 0;
     // Drops the column and its places in indexes and keys; true also when there is no such column.
     virtual bool ColumnDrop(std::int32_t columnId) = 0;
-    // An empty `comment` empties its field, as Null does; `defaultValue` is stored as it is passed. A
-    // `precision` or `scl` of -1 leaves its field as it is, and where a passed `typeID` takes none, it
-    // becomes 0. False when there is no such column, or the name is refused or in use.
+    // An empty `comment` empties its field, as Null does; `defaultValue` is stored as passed. A `precision`
+    // or `scl` of -1 leaves its field as it is, and becomes 0 where a passed `typeID` takes none. False when
+    // there is no such column, the name is refused or in use, or one of those two is no 16-bit number.
     virtual bool ColumnUpdate(std::int32_t columnId, const Value& columnName, const Value& typeID,
                               const Value& precision, const Value& scl, const Value& isNullable,
                               const Value& comment, const Value& defaultValue) = 0;

@@ -25,11 +25,12 @@ volatile std::sig_atomic_t isInterrupted = 0;
 
 extern "C" void NoteInterrupt(int) { isInterrupted = 1; }
 
-// Stops the tool when the program is interrupted.
+// Stops the tool when the program is interrupted, by no signal that it was started to ignore.
 class InterruptWatch : public RunWatch {
   public:
     InterruptWatch() {
-        for (const int signal : {SIGINT, SIGTERM, SIGHUP}) std::signal(signal, NoteInterrupt);
+        for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+            if (std::signal(signal, NoteInterrupt) == SIG_IGN) std::signal(signal, SIG_IGN);
     }
     bool GoesOn() override { return isInterrupted == 0; }
 };

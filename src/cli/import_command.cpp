@@ -23,7 +23,7 @@ void PrintMissing(const char* label, const std::vector<std::string>& names,
                   const std::vector<std::string>& others) {
     std::vector<std::string> missing;
     std::ranges::set_difference(Sorted(names), Sorted(others), std::back_inserter(missing));
-    for (const auto& name : missing) fmt::print("{}: {}\n", label, name);
+    for (const auto& name : missing) PrintLine(fmt::format("{}: {}", label, name));
 }
 
 void Print(const ImportOutcome& outcome) {
@@ -34,8 +34,9 @@ void Print(const ImportOutcome& outcome) {
     PrintMissing("new", outcome.added, outcome.dropped);
     PrintMissing("gone", outcome.dropped, outcome.added);
     for (const auto& [given, name] : outcome.renamed)
-        fmt::print("renamed: {}: it is called {} here\n", given, name);
-    for (const auto& [what, reason] : outcome.leftOut) fmt::print("left out: {}: {}\n", what, reason);
+        PrintLine(fmt::format("renamed: {}: it is called {} here", given, name));
+    for (const auto& [what, reason] : outcome.leftOut)
+        PrintLine(fmt::format("left out: {}: {}", what, reason));
 }
 
 }  // namespace

@@ -1,10 +1,12 @@
 #include "cli/output.h"
 
 #include <fcntl.h>
+#include <fmt/format.h>
 #include <unistd.h>
 
 #include <cstdio>
 
+#include "platform/text/one_line.h"
 #include "tessel/error.h"
 
 namespace tessel {
@@ -20,8 +22,10 @@ void FinishOutput(const std::string& remark) {
     throw Error(ErrorKind::File, "The output cannot be written." + remark);
 }
 
+void PrintLine(const std::string& line) { fmt::print("{}\n", text::OnOneLine(line)); }
+
 void PrintAside(const std::string& line) { (void)std::fputs((line + "\n").c_str(), stderr); }
 
-void Complain(const std::string& text) { PrintAside("tessel: " + text); }
+void Complain(const std::string& text) { PrintAside("tessel: " + text::OnOneLine(text)); }
 
 }  // namespace tessel

@@ -12,10 +12,14 @@ void OccupyClosedStreams();
 // `remark` follows the reason.
 void FinishOutput(const std::string& remark = {});
 
+// Prints the line on the standard output. Its control characters become blanks, for names and types of a
+// database may hold anything.
+void PrintLine(const std::string& line);
+
 // Prints the line on the error output. What is lost there is lost: nobody is left to be told.
 void PrintAside(const std::string& line);
 
-// Likewise, with the program's name in front.
+// Likewise, with the program's name in front and blanks as above.
 void Complain(const std::string& text);
 
 }  // namespace tessel

@@ -9,7 +9,6 @@
 #include "engine/scrivo_add_on.h"
 #include "platform/files/file_service.h"
 #include "report/schema_diagram.h"
-#include "schema/sql_text.h"
 #include "workbench/generator.h"
 
 namespace tessel {
@@ -38,11 +37,8 @@ std::shared_ptr<workbench::StandAloneGenerator> MakeGenerator(Session& session,
         .title = frontend.GetCorvaneName(item::workspaceName),
         .language = session.state.texts->Language(),
         .drawing = [&state = session.state] { return SchemaDiagram(state.Database()); },
+        .log = Complain,
     });
-}
-
-void PrintLog(const workbench::StandAloneGenerator& generator) {
-    for (const auto& line : generator.Log()) Complain(FlattenText(line));
 }
 
 }  // namespace
@@ -55,7 +51,6 @@ int ReportCommand(const SessionOptions& options, const std::optional<std::string
     ScrivoAddOn addOn(session->state);
     const int result = addOn.Run(session->frontend, generator, page);
     if (result == 0) generator->WriteIndex();
-    PrintLog(*generator);
     if (result < 0)
         throw Error(ErrorKind::Missing,
                     "There is no schema database at " + files::NativePath(session->state.databaseFilename) +

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "cli/output.h"
 #include "schema/identifiers.h"
 #include "workbench/load/load_repository.h"
 #include "workbench/workspace_folder.h"
@@ -11,16 +12,17 @@ namespace tessel {
 namespace {
 
 void PrintNames(const char* label, const std::vector<std::string>& names) {
-    for (const auto& name : names) fmt::print("{}: {}\n", label, name);
+    for (const auto& name : names) PrintLine(fmt::format("{}: {}", label, name));
 }
 
 void Print(const workbench::LoadOutcome& outcome, const std::string& source) {
-    fmt::print("{}: {} table(s), {} view(s); {} new, {} changed, {} gone\n", source, outcome.tables,
-               outcome.views, outcome.added.size(), outcome.changed.size(), outcome.removed.size());
+    PrintLine(fmt::format("{}: {} table(s), {} view(s); {} new, {} changed, {} gone", source, outcome.tables,
+                          outcome.views, outcome.added.size(), outcome.changed.size(),
+                          outcome.removed.size()));
     PrintNames("new", outcome.added);
     PrintNames("changed", outcome.changed);
     PrintNames("gone", outcome.removed);
-    for (const auto& [what, remark] : outcome.notes) fmt::print("note: {}: {}\n", what, remark);
+    for (const auto& [what, remark] : outcome.notes) PrintLine(fmt::format("note: {}: {}", what, remark));
 }
 
 // The repository belongs to all projects, so any of them will do.

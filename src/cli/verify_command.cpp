@@ -9,6 +9,7 @@
 #include "cli/exit_codes.h"
 #include "cli/headless_session.h"
 #include "lines/json_values.h"
+#include "platform/text/one_line.h"
 #include "verify/db_check.h"
 
 namespace tessel {
@@ -47,7 +48,8 @@ std::string PlaceOf(db::Database& database, const ErrorRow& error) {
 
 void PrintLines(db::Database& database, const std::vector<ErrorRow>& errors, const std::string& title) {
     for (const auto& error : errors)
-        fmt::print("{}: {}\n", Styled(PlaceOf(database, error), fmt::emphasis::bold), error.message);
+        fmt::print("{}: {}\n", Styled(text::OnOneLine(PlaceOf(database, error)), fmt::emphasis::bold),
+                   text::OnOneLine(error.message));
     const auto colour = errors.empty() ? fmt::terminal_color::green : fmt::terminal_color::red;
     fmt::print("{}\n", Styled(title, fmt::fg(colour)));
 }

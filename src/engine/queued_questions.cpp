@@ -40,10 +40,18 @@ bool HasValue(const FormField& field) {
                                        "\" of the question \"" + form.title + "\".");
 }
 
+// A number with a fraction is not rounded, but refused.
+std::int32_t WholeNumber(const Value& given) {
+    const std::int32_t number = ToInt32(given);
+    if (given.As<bool>() || ToDouble(given) != number)
+        throw Error(ErrorKind::Conversion, "This is no whole number.");
+    return number;
+}
+
 // The value as the form's field would give it in a window, where one that does not fit cannot be entered.
 Value Entered(const Form& form, const FormField& field, const Value& given) {
     try {
-        if (field.kind == FormField::Kind::Number) return ToInt32(given);
+        if (field.kind == FormField::Kind::Number) return WholeNumber(given);
         if (field.kind == FormField::Kind::Check) return ToBoolean(given);
         const std::string text = ToText(given);
         const auto isText = [&](const auto& choice) { return choice.first == text; };

@@ -20,6 +20,7 @@ std::int32_t ScrivoAddOn::Run(const std::shared_ptr<host::Frontend>& anCVWS,
                               const std::shared_ptr<host::Generator>& anCV3,
                               const std::shared_ptr<host::PageOptions>& optionsRoot) {
     host_ = anCVWS;
+    whyNotOpened_.clear();
     ProvideTexts(state_, *anCVWS);
     const auto project = anCVWS->ProjectObject();
     const auto schemas = anCVWS->RepositoryOf()->PrepareCollection(*project, "DBSCHEMA");
@@ -33,8 +34,7 @@ std::int32_t ScrivoAddOn::Run(const std::shared_ptr<host::Frontend>& anCVWS,
     state_.databaseFilename = anCVWS->GetCorvaneName(host::name_item::workspaceFolder) + "\\" +
                               NullToText(schemas.front()->Attribute("Source"));
     if (!files::FileExists(state_.databaseFilename)) return noFile;
-    if (!OpenDatabase())
-        return refuse(state_.texts->Format(540, {"\r\n" + files::NativePath(state_.databaseFilename)}));
+    if (!OpenDatabase()) return refuse(state_.texts->Format(540, {"\r\n" + state_.databaseFilename}));
     state_.sqlTypes.LoadSqlTypes(state_.Database());
     CreateReport(anCV3, optionsRoot, anCV3);
     host_.reset();
@@ -43,7 +43,6 @@ std::int32_t ScrivoAddOn::Run(const std::shared_ptr<host::Frontend>& anCVWS,
 
 bool ScrivoAddOn::OpenDatabase() {
     state_.database.reset();
-    whyNotOpened_.clear();
     try {
         state_.database = db::Database::Open(files::NativePath(state_.databaseFilename));
     } catch (const db::DatabaseError& error) {

@@ -118,8 +118,7 @@ bool TesselEngine::OpenDatabase() {
         state_.database = db::Database::Open(files::NativePath(state_.databaseFilename));
         return true;
     } catch (const db::DatabaseError& error) {
-        const std::string path = files::NativePath(state_.databaseFilename);
-        state_.questions->Show({.text = state_.texts->Format(516, {"\r\n" + path}),
+        state_.questions->Show({.text = state_.texts->Format(516, {"\r\n" + state_.databaseFilename}),
                                 .title = state_.Title(),
                                 .detail = Reason(*state_.texts, error)});
         return false;

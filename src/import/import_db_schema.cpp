@@ -51,9 +51,8 @@ bool modImportDBSchema::HasRepository() const { return files::FileExists(Reposit
 void modImportDBSchema::Run(ImportOutcome& outcome) {
     tableOfObject_.clear();
     matched_.clear();
-    const auto repository = db::Database::Open(RepositoryFilename());
     // Before the objects are looked at, so that they are no newer than the tables that are copied.
-    const db::Transaction reading(*repository, db::TransactionFor::Reading);
+    const auto repository = db::Database::Open(RepositoryFilename())->Snapshot();
     Match(*repository, outcome);
     RunKept(*repository, outcome);
 }

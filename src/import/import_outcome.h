@@ -13,7 +13,8 @@ struct ImportOutcome {
         std::string name;   // as the project has it
     };
     struct LeftOut {
-        std::string what;    // a table, a column or an index as TABLE.NAME, or a foreign key
+        // A table, a column or an index as TABLE.NAME, or a foreign key; or what one that is there lacks.
+        std::string what;
         std::string reason;  // a clause that follows its name and a colon
     };
 

@@ -24,10 +24,6 @@ void SetOrigin(db::TableSet& target, const Value& origin) {
     if (!origin.IsMissing()) target.Set("CVRL", origin);
 }
 
-[[noreturn]] void ThrowUnstored(const std::string& what) {
-    throw Error(ErrorKind::Io, "The database did not store " + what + ".");
-}
-
 std::string With(const std::string& sql, std::int32_t identifier) { return sql + std::to_string(identifier); }
 
 }  // namespace
@@ -48,7 +44,7 @@ bool TableCopier::CopyTable(const db::TableSet& source, const host::RepositoryOb
     newTables_[sourceID] = tabID;
     if (!workspace_.TableUpdate(tabID, Missing{}, source.Get("StorageOption"), source.Get("Comments"),
                                 Missing{}))
-        ThrowUnstored("the storage option and the comment of " + name);
+        outcome_.leftOut.push_back({"the storage option and the comment of " + name, "they are refused"});
     CopyColumns(sourceID, {tabID, name});
     CopyIndexes(sourceID, {tabID, name}, source.Get("PrimaryIndexID"));
     return true;
@@ -100,7 +96,8 @@ void TableCopier::CopyIndex(const db::Query& index, const NewTable& target, bool
     const std::int32_t indexID = ToInt32(row.Get("IndexID"));
     row.Save();
     if (isPrimary && !workspace_.TableUpdate(target.tabID, Missing{}, Missing{}, Missing{}, indexID))
-        ThrowUnstored("the primary index of " + target.name);
+        outcome_.leftOut.push_back(
+            {target.name + "." + index.Text("IndexName"), "it is refused as the primary index"});
     AddIndexColumns(indexID, *columns);
     copy.Commit();
 }
@@ -154,8 +151,11 @@ void TableCopier::CopyForeignKey(const db::Query& key, std::int32_t table, std::
         outcome_.leftOut.push_back({key.Text("KeyName"), "a foreign key cannot bear this name here"});
         return;
     }
-    if (!workspace_.ForeignUpdate(keyID, Missing{}, key["HowDelete"], OriginOf(key)))
-        outcome_.leftOut.push_back({key.Text("KeyName"), "its delete rule is refused"});
+    // Apart, so that each is kept without the other.
+    if (!workspace_.ForeignUpdate(keyID, Missing{}, key["HowDelete"], Missing{}))
+        outcome_.leftOut.push_back({"the delete rule of " + key.Text("KeyName"), "it is refused"});
+    if (!workspace_.ForeignUpdate(keyID, Missing{}, Missing{}, OriginOf(key)))
+        outcome_.leftOut.push_back({"the origin of " + key.Text("KeyName"), "it is refused"});
     AddForeignKeyColumns(keyID, *pairs);
     copy.Commit();
 }

@@ -16,7 +16,9 @@ Json AnswerJson(const QueuedAnswer& answer) {
     if (const auto* typed = std::get_if<TypedText>(&answer)) return {{"text", typed->text}};
     if (const auto* filled = std::get_if<FilledForm>(&answer)) {
         ObjectHandles none;
-        return {{"values", ToJson(filled->values, none)}};
+        Json values = Json::object();
+        for (const auto& [key, value] : *filled->values) values[key] = ToJson(value, none);
+        return {{"values", std::move(values)}};
     }
     return words::WordOf(words::answers, std::get<host::Answer>(answer));
 }

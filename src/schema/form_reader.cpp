@@ -61,10 +61,10 @@ std::vector<std::string> TextsOf(const Collection& collection) {
     return texts;
 }
 
-FormField::Kind KindOf(const Collection& field, const std::string& key) {
+FormField::Kind KindOf(const Collection& field) {
     const std::string word = TextIn(field, "kind");
     const auto kind = std::ranges::find(kinds, word, [](const auto& entry) { return entry.first; });
-    if (kind == kinds.end()) Refuse("the field \"" + key + "\" has no kind that is known");
+    if (kind == kinds.end()) Refuse("it has no kind that is known");
     return kind->second;
 }
 
@@ -89,9 +89,8 @@ Value ShownValue(const FormField& field, const Value& given) {
     return field.choices.empty() ? std::string() : field.choices.front().first;
 }
 
-FormField ReadField(const Collection::Item& item) {
-    const Collection& given = ItemIn(item);
-    FormField field{.key = item.key, .kind = KindOf(given, item.key)};
+FormField FieldOf(const std::string& key, const Collection& given) {
+    FormField field{.key = key, .kind = KindOf(given)};
     field.caption = TextIn(given, "caption");
     for (const auto& [value, caption] : CollectionIn(given, "choices"))
         field.choices.emplace_back(value, TextOf(caption, value));
@@ -101,6 +100,15 @@ FormField ReadField(const Collection::Item& item) {
     field.columns = TextsOf(CollectionIn(given, "columns"));
     for (const auto& row : CollectionIn(given, "rows")) field.rows.push_back(TextsOf(ItemIn(row)));
     return field;
+}
+
+FormField ReadField(const Collection::Item& item) {
+    const Collection& given = ItemIn(item);
+    try {
+        return FieldOf(item.key, given);
+    } catch (const Error& error) {
+        throw Error(error.Kind(), "the field \"" + item.key + "\": " + error.what());
+    }
 }
 
 }  // namespace

@@ -18,7 +18,8 @@ namespace tessel {
 //     "filter"   of a file: which files are offered, such as "SQL scripts (*.sql)"
 //     "columns"  of a list: a collection of the captions
 //     "rows"     of a list: a collection of the rows, each a collection of texts
-// A text that is Null is empty. Throws ErrorKind::Argument, naming the key, for what is none of these.
+// A text that is Null is empty. Throws ErrorKind::Argument, naming the field and the key, for what is
+// none of these.
 [[nodiscard]] host::Form ReadForm(const Collection& form);
 
 }  // namespace tessel

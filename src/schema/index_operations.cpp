@@ -1,5 +1,3 @@
-#include <set>
-
 #include "schema/action.h"
 #include "schema/identifiers.h"
 #include "schema/object_keys.h"
@@ -48,12 +46,12 @@ std::shared_ptr<Collection> Workspace::PrimaryKeyColumns(std::int32_t tabID) {
 }
 
 bool Workspace::IndexMatch(std::int32_t indexID, const Collection& columnIDs) {
-    std::set<std::int32_t> indexed;  // an index may list a column twice
+    std::size_t indexed = 0;
     for (auto row =
              Db().Select("select ColumnID from IndexColumns where IndexID = " + std::to_string(indexID));
-         row.Next();)
-        if (!columnIDs.HasKey(ColumnKey(*indexed.insert(row.Integer("ColumnID")).first))) return false;
-    return indexed.size() == columnIDs.Count();
+         row.Next(); ++indexed)
+        if (!columnIDs.HasKey(ColumnKey(row.Integer("ColumnID")))) return false;
+    return indexed == columnIDs.Count();
 }
 
 bool Workspace::IndexAdd(std::int32_t tableId, const std::string& indexName, std::int32_t& indexID) {

@@ -1,4 +1,3 @@
-#include "platform/text/utf8.h"
 #include "schema/action.h"
 #include "schema/identifiers.h"
 #include "schema/object_keys.h"
@@ -7,18 +6,6 @@
 #include "tessel/convert.h"
 
 namespace tessel {
-
-namespace {
-
-// The database takes a delete rule in either case; those who read it find it in upper case.
-Value UpperLetter(const Value& howDelete) {
-    const auto* given = howDelete.As<std::string>();
-    for (const char* letter : {"R", "C"})
-        if (given && text::SameText(*given, letter)) return letter;
-    return howDelete;
-}
-
-}  // namespace
 
 bool Workspace::ForeignAdd(std::int32_t tableId, std::int32_t refTableId, const std::string& keyName,
                            std::int32_t& keyID) {
@@ -49,7 +36,7 @@ bool Workspace::ForeignUpdate(std::int32_t keyID, const Value& keyName, const Va
         if (!row.Seek({keyID})) return false;
         row.Edit();
         if (!keyName.IsMissing() && !SetNameField(state_, row, "KeyName", keyName)) return false;
-        if (!howDelete.IsMissing()) row.Set("HowDelete", UpperLetter(howDelete));
+        if (!howDelete.IsMissing()) row.Set("HowDelete", howDelete);
         if (!cvrl.IsMissing()) row.Set("CVRL", cvrl);
         row.Save();
         RemoveVerifiedMark(Db());

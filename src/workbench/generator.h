@@ -2,7 +2,6 @@
 
 #include <functional>
 #include <string>
-#include <vector>
 
 #include "host/generator.h"
 #include "platform/diagram/diagram.h"
@@ -33,6 +32,7 @@ class StandAloneGenerator : public host::Generator {
         std::string title;                          // of the index
         std::string language;                       // of the pages' headings, such as "ja"
         std::function<diagram::Diagram()> drawing;  // the boxes and links of a diagram, without places
+        std::function<void(const std::string&)> log = [](const std::string&) {};
     };
 
     explicit StandAloneGenerator(Settings settings) : settings_(std::move(settings)) {}
@@ -45,8 +45,7 @@ class StandAloneGenerator : public host::Generator {
     // file, or, after a line in the log, where it cannot be read.
     [[nodiscard]] std::string DiagramFragment(const std::string& diagramFile,
                                               const std::string& pageName) override;
-    void WriteLog(const std::string& line) override { log_.push_back(line); }
-    [[nodiscard]] const std::vector<std::string>& Log() const { return log_; }
+    void WriteLog(const std::string& line) override { settings_.log(line); }
 
     // Writes index.html, with a link to every page in the output folder. A file of that name that no
     // generator like this one wrote stays as it is, and the log says so.
@@ -64,7 +63,6 @@ class StandAloneGenerator : public host::Generator {
     [[nodiscard]] std::string Head(const std::string& title) const;
 
     Settings settings_;
-    std::vector<std::string> log_;
 };
 
 }  // namespace tessel::workbench

@@ -49,10 +49,15 @@ void SetAttribute(xml::Element object, const std::string& name, const std::strin
     attribute.SetAttribute("value", value);
 }
 
-void RefuseUnheld(const std::string& identifier, const std::string& name, const std::string& value) {
-    if (xml::CanBeHeld(name) && xml::CanBeHeld(value)) return;
-    throw Error(ErrorKind::Xml, "The attribute \"" + name + "\" of the object " + identifier +
-                                    " holds a control character or is not UTF-8, which XML cannot hold.");
+// `what` says which text it is.
+void RequireHeld(const std::string& text, const std::string& what) {
+    if (xml::CanBeHeld(text)) return;
+    throw Error(ErrorKind::Xml, what + " holds a control character or is not UTF-8, which XML cannot hold.");
+}
+
+void RequireName(const std::string& name, const std::string& what) {
+    if (name.empty()) throw Error(ErrorKind::Argument, what + " is empty.");
+    RequireHeld(name, what);
 }
 
 std::uint64_t Counter(const xml::Element& root) {
@@ -203,6 +208,7 @@ std::string RepositoryContents::TakeIdentifier() {
 }
 
 void RepositoryContents::AddObject(const std::string& identifier, const std::string& type) {
+    RequireName(type, "The type of the object " + identifier);
     auto object = SectionToExtend("objects").AppendChild("object");
     object.SetAttribute("id", identifier);
     object.SetAttribute("type", type);
@@ -213,7 +219,8 @@ void RepositoryContents::SetAttributes(const std::string& identifier, const Attr
     const auto object = Object(identifier);
     const auto oldName = AttributeOf(object, "Name");
     for (const auto& [name, value] : attributes) {
-        RefuseUnheld(identifier, name, value);
+        RequireName(name, "The name of an attribute of the object " + identifier);
+        RequireHeld(value, "The attribute \"" + name + "\" of the object " + identifier);
         SetAttribute(object, name, value);
     }
     if (AttributeOf(object, "Name") == oldName) return;
@@ -225,6 +232,7 @@ void RepositoryContents::SetAttributes(const std::string& identifier, const Attr
 
 void RepositoryContents::AddRelation(const std::string& from, const std::string& relation,
                                      const std::string& to) {
+    RequireName(relation, "The name of a relation of the object " + from);
     (void)Object(to);
     if (std::ranges::count(Related(from, relation), to) > 0) return;
     auto element = SectionToExtend("relations").AppendChild("relation");

@@ -52,6 +52,7 @@ class RepositoryContents {
 
     // An identifier that no object has or had.
     [[nodiscard]] std::string TakeIdentifier();
+    // Throw ErrorKind::Argument for a type or a name that is empty, Xml for a text that XML cannot hold.
     void AddObject(const std::string& identifier, const std::string& type);
     void SetAttributes(const std::string& identifier, const Attributes& attributes);
     void AddRelation(const std::string& from, const std::string& relation, const std::string& to);  // once

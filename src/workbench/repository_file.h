@@ -22,7 +22,8 @@ class RepositoryFile {
 
     // Makes the change in memory and on the disk, or, when it throws, in neither. `keep` keeps what was
     // changed elsewhere at the same time; it comes once the changed file stands beside the old one, ready to
-    // take its place, and nothing is changed when it throws.
+    // take its place, and nothing is changed when it throws. When the disk fails after it, the file is the
+    // old or the new one.
     void Change(
         const std::function<void(RepositoryContents&)>& change, const std::function<void()>& keep = [] {});
 

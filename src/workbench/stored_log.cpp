@@ -1,7 +1,6 @@
 #include "workbench/stored_log.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -9,19 +8,15 @@
 #include <optional>
 
 #include "platform/files/descriptor.h"
+#include "platform/files/file_lock.h"
 #include "platform/files/file_service.h"
+#include "platform/text/one_line.h"
 #include "tessel/error.h"
 
 namespace tessel::workbench {
 namespace {
 
-std::string OnOneLine(std::string text) {
-    const auto isControl = [](char character) {
-        return static_cast<unsigned char>(character) < 0x20 || character == 0x7f;
-    };
-    std::ranges::replace_if(text, isControl, ' ');
-    return text;
-}
+using text::OnOneLine;
 
 std::string Line(const host::Activity& activity) {
     return FormatIso(activity.when) + '\t' + activity.action + '\t' + activity.result + '\n';
@@ -48,12 +43,13 @@ std::size_t LastLines(std::string_view content, std::size_t count) {
 }
 
 // The log, made when it is not there, and held against other programs while it is open; a file that is not
-// open when that cannot be.
+// open when that cannot be soon: somebody is waiting for the work to go on.
 files::Descriptor OpenHeld(const std::string& path) {
+    constexpr std::chrono::milliseconds patience(500);
     for (;;) {
         files::Descriptor file(open(path.c_str(), O_RDWR | O_APPEND | O_CREAT | O_CLOEXEC, 0666));
         struct stat status {};
-        if (!file.IsOpen() || flock(file.Number(), LOCK_EX) != 0 || fstat(file.Number(), &status) != 0)
+        if (!file.IsOpen() || !files::Hold(file, patience) || fstat(file.Number(), &status) != 0)
             return files::Descriptor(-1);
         if (status.st_nlink > 0) return file;  // else it was cut meanwhile, and another is in its place
     }

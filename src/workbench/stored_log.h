@@ -8,8 +8,8 @@
 namespace tessel::workbench {
 
 // The activity log of a project, in a text file: an activity a line, as its time, a tab, the action, a tab
-// and the result. The file may be missing, and need not be writable. Whether the log is visible and docked is
-// not kept in it.
+// and the result. The file may be missing, and need not be writable; one that another program does not let go
+// of is not waited for. Whether the log is visible and docked is not kept in it.
 class StoredLog : public host::ActivityLog {
   public:
     static constexpr std::size_t mostRead = 1000;          // activities, the newest

@@ -57,6 +57,7 @@ TEST_F(AddOnCommands, RegisterRunAndUnregister) {
         "addAndHang) " +
         add +
         "; kill -INT $PPID; sleep 60;;\n"
+        "hangUp) kill -HUP $PPID; sleep 0.2;;\n"
         "ask) call '{\"on\":\"ToolWindow\",\"member\":\"Message\",\"args\":[\"Go?\",\"none\",\"YesNo\"]}'\n"
         "  echo \"$answer\" | sed 's/,\"args.*/}/';;\n"
         "count) call '{\"on\":\"ProjectDB\",\"member\":\"Select\",\"args\":[\"select * from Tables\"]}'\n"
@@ -69,15 +70,16 @@ TEST_F(AddOnCommands, RegisterRunAndUnregister) {
     EXPECT_NE(output.find("wrong"), std::string::npos) << output;
     EXPECT_EQ(Run({"addon", "run", "Shell.Tool", "addAndHang", "--keep"}), 2);
     EXPECT_EQ(Tables(), 0U);
+    const std::string program = std::string("exec '") + TESSEL_PROGRAM + "' --workspace '" + workspace + "' ";
+    EXPECT_EQ(
+        ChildProgram({"/bin/sh", "-c", "trap '' HUP; " + program + "addon run Shell.Tool hangUp"}).Wait(), 0);
     EXPECT_EQ(Run({"addon", "run", "Shell.Tool", "ask", "--answers", "[\"Yes\"]"}), 0);
     EXPECT_EQ(output, "Go? -> \"Yes\"\nYes\n");
     EXPECT_EQ(Run({"addon", "run", "Shell.Tool", "addAndFail", "--keep"}), 2);
     EXPECT_EQ(Tables(), 1U);
     EXPECT_EQ(Run({"addon", "run", "Shell.Tool", "add", "--verify"}), 1);  // the table has no columns
 
-    const std::string lost = std::string("exec '") + TESSEL_PROGRAM + "' --workspace '" + workspace +
-                             "' addon run Shell.Tool count 2>&1 >/dev/full";
-    ChildProgram deaf({"/bin/sh", "-c", lost});
+    ChildProgram deaf({"/bin/sh", "-c", program + "addon run Shell.Tool count 2>&1 >/dev/full"});
     EXPECT_EQ(deaf.ReadLine(), "tessel: The output cannot be written. What the tool changed is kept.");
     EXPECT_EQ(deaf.Wait(), 2);
 

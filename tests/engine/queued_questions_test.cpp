@@ -50,8 +50,8 @@ TEST(QueuedQuestions, HoldAFormsAnswerAgainstItsFields) {
     };
     EXPECT_EQ(fill("N", "7")->At("n"), Value(7));
     EXPECT_EQ(fill("c", 1)->At("c"), Value(true));
-    const std::pair<const char*, Value> wrong[] = {{"k", "b"},    {"n", "many"}, {"c", "maybe"},
-                                                   {"f", Null{}}, {"file", "x"}, {"l", ""}};
+    const std::pair<const char*, Value> wrong[] = {{"k", "b"},     {"n", "many"}, {"n", 2.5},    {"n", true},
+                                                   {"c", "maybe"}, {"f", Null{}}, {"file", "x"}, {"l", ""}};
     for (const auto& [key, value] : wrong) try {
             (void)fill(key, value);
             ADD_FAILURE() << key;

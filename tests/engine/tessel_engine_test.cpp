@@ -78,8 +78,7 @@ TEST_F(EngineStart, SaysThatADatabaseDoesNotOpenAndWhy) {
     EXPECT_EQ(Start(), 1);
     const auto asked = questions->TakeAsked();
     ASSERT_EQ(asked.size(), 1U);
-    EXPECT_EQ(asked[0].text,
-              "Failed to open DBSchema database \r\n" + files::NativePath(state.databaseFilename));
+    EXPECT_EQ(asked[0].text, "Failed to open DBSchema database \r\n" + state.databaseFilename);
     EXPECT_NE(asked[0].detail.find("Jet"), std::string::npos) << asked[0].detail;
     EXPECT_EQ(files::ReadFile(file), jet);
 }

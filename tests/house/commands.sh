@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # commands.sh TESSEL ROOT: every command and option of the program stands in its manual page, in the shell completion and
-# in the documents, every command in the help of each language; every command line of the documents is one that the program takes, and what needs no server and no
-# display is run.
+# in the documents, every command in the help of each language; every command line of the documents is one that the
+# program takes, and what needs no server and no display is run.
 set -euo pipefail
 export LC_ALL=C
 tessel=$(realpath "$1")
@@ -29,20 +29,49 @@ Words() {
     fi
 }
 
-# CheckWord WORD FILE...
-CheckWord() {
-    local file
-    for file in "${@:2}"; do
-        grep -qwF -- "$1" <<<"$(sed 's/\\-/-/g' "$file")" || Blame "$file does not know $1"
+# What the completion offers after these words.
+. "$root/packaging/tessel.bash"
+Completed() {
+    COMP_WORDS=(tessel "$@" '')
+    COMP_CWORD=$(($# + 1))
+    _tessel
+    echo "${COMPREPLY[*]}"
+}
+
+manual=$(sed 's/\\-/-/g' "$root/packaging/tessel.1" | grep -A1 '^\.TP' | grep '^\.B')
+document=$(<"$root/docs/command-line.md")
+
+# Expect FILE WORDS: they stand in what the file says, which is the input.
+Expect() {
+    grep -qP -- "(?<![\w-])$2(?![\w-])" || Blame "$1 does not know $2"
+}
+
+# CheckCommand COMMAND...: it has an entry wherever commands are listed, its options are named there too.
+CheckCommand() {
+    local help
+    Expect tessel.1 "$*" <<<"$manual"
+    Expect command-line.md "$*" <<<"$(grep '^## ' <<<"$document")"
+    Expect tessel.bash "${!#}" <<<"$(Completed "${@:1:$#-1}")"
+    for help in "$root"/share/help/*/command_line.md; do
+        Expect "$help" "$*" <<<"$(grep -oP '`tessel[^`]*' "$help")"
+    done
+    CheckOptions "$@"
+}
+
+# CheckOptions [COMMAND...]
+CheckOptions() {
+    local option
+    for option in $(Words options "$@"); do
+        Expect tessel.1 "$option" <<<"$manual"
+        Expect command-line.md "$option" <<<"$document"
+        Expect tessel.bash "$option" <<<"$(Completed "$@" FILE)"
     done
 }
 
-documents=("$root"/packaging/tessel.{1,bash} "$root/docs/command-line.md")
+CheckOptions
 for command in $(Words subcommands); do
-    for word in "$command" $(Words subcommands "$command"); do
-        CheckWord "$word" "${documents[@]}" "$root"/share/help/*/command_line.md
-    done
-    for word in $(Words options "$command"); do CheckWord "$word" "${documents[@]}"; done
+    CheckCommand "$command"
+    for word in $(Words subcommands "$command"); do CheckCommand "$command" "$word"; done
 done
 
 # A workspace with what the documents name.

@@ -46,8 +46,8 @@ TEST_F(ImportProgram, AProjectFollowsARealDatabase) {
     EXPECT_EQ(Run({"import"}, 0), (Lines{"0 table(s) dropped, 2 added", "new: a", "new: b_c"}));
     EXPECT_EQ(Run({"import"}, 0), Lines{"2 linked table(s), nothing to do"});
 
-    RunRawSql(source, "alter table a add column rating numeric(5,2)");
-    (void)Load("sqlite:" + source, 0);
+    RunRawSql(source, "alter table a add column \"rat\x1b\ning\" numeric(5,2)");
+    EXPECT_EQ(Load("sqlite:" + source, 0).at(3), "note: a.rat  ing: it is called rating here");
     EXPECT_EQ(Run({"import"}, 0).front(), "2 table(s) dropped, 2 added");
 
     RunRawSql(source, "drop table a; drop view v; create table extra (a)");

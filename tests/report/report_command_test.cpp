@@ -49,6 +49,13 @@ TEST_F(ReportProgram, SaysWhereThePageIsAndWhatWasLogged) {
     EXPECT_EQ(Run({"report"}), 0);
     ASSERT_EQ(lines.size(), 2U);
     EXPECT_NE(lines[0].find("P.dgm.xml"), std::string::npos) << lines[0];  // what the generator logged
+
+    std::filesystem::remove(folder / "w/Output/index.html");
+    std::filesystem::create_directory(folder / "w/Output/index.html");
+    EXPECT_EQ(Run({"report"}), 2);
+    ASSERT_EQ(lines.size(), 2U);
+    EXPECT_NE(lines[0].find("P.dgm.xml"), std::string::npos) << lines[0];
+    EXPECT_NE(lines[1].find("index.html"), std::string::npos) << lines[1];
 }
 
 TEST_F(ReportProgram, FailsWithoutASchema) {

@@ -77,9 +77,14 @@ TEST_F(ReportEntry, SaysWhatItLacks) {
     state.database = db::Database::Open(folder / "earlier.mdb");
     files::ReplaceFile(folder / "none.mdb", "a letter");
     EXPECT_EQ(Run(), Value(1));
-    EXPECT_EQ(generator->log, Strings{"Fail to open DBSchema database \r\n" + folder.Path() + "/none.mdb"});
+    EXPECT_EQ(generator->log, Strings{"Fail to open DBSchema database \r\n" + folder.Path() + "\\none.mdb"});
     EXPECT_EQ(state.database, nullptr);
     EXPECT_FALSE(std::filesystem::exists(folder / "out/DBSchema"));
+
+    EXPECT_NE(addOn->WhyNotOpened().find("none.mdb"), std::string::npos);
+    std::filesystem::remove(folder / "none.mdb");
+    EXPECT_EQ(Run(), Value(-1));
+    EXPECT_EQ(addOn->WhyNotOpened(), "");
 }
 
 TEST_F(ReportEntry, AnswersToItsIdentifier) {

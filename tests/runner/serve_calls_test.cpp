@@ -117,6 +117,15 @@ TEST_F(ServingCalls, AnswersBelongToTheirCallAlone) {
     EXPECT_EQ(Json::parse(answers.at(1))["messages"][0]["answer"], "Cancel");
 }
 
+TEST_F(ServingCalls, TellsAFormsAnswerAsItWasGiven) {
+    for (const std::string key : {"date", "combo", "missing", "handle"}) {
+        const std::string answer = R"({"values":{")" + key + R"(":"x"}})";
+        const auto told = Serve(R"({"on":"ToolWindow","member":"Form","args":[{"fields":{"collection":{")" +
+                                key + R"(":{"kind":"text"}}}}],"answers":[)" + answer + "]}");
+        EXPECT_EQ(Json::parse(told.at(0))["messages"][0]["answer"].dump(), answer) << told.at(0);
+    }
+}
+
 TEST(JsonValues, GoBothWays) {
     const char* cases[] = {"null",
                            "true",
@@ -165,7 +174,7 @@ TEST(Form, TakesWhatSuitsAFieldAndNamesWhatIsNoForm) {
         (void)read(R"({"fields":{"f":{"kind":"choice","choices":{"a":{}}}}})");
         ADD_FAILURE();
     } catch (const Error& error) {
-        EXPECT_STREQ(error.what(), "\"a\" must be a text.");
+        EXPECT_STREQ(error.what(), "the field \"f\": \"a\" must be a text.");
     }
 }
 

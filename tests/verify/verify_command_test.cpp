@@ -40,11 +40,12 @@ class VerifyProgram : public testing::Test {
 
 TEST_F(VerifyProgram, ListsTheFindings) {
     Call(R"({"member":"ForeignAdd","args":[2,1,"FK"]})");
+    Call(R"x({"on":"ProjectDB","member":"Execute","args":["update ForeignKeys set KeyName = 'F\nK'"]})x");
     Lines found{"1",
                 "A: Table has no columns",
                 "B.ID: Value of precision exceeds the limit for type CHAR",
-                "B.FK: Foreign key FK has no columns",
-                "B.FK: Foreign key FK: No appropriate unique index on referenced table",
+                "B.F K: Foreign key F K has no columns",
+                "B.F K: Foreign key F K: No appropriate unique index on referenced table",
                 "4 error(s) found"};
     EXPECT_EQ(Verify(), found);
     found.back() = "4 件のエラーが見つかりました";

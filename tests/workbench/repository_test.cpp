@@ -58,6 +58,20 @@ TEST_F(Repository, AttributesAreWrittenAtOnceOrTogetherOrNotAtAll) {
     EXPECT_TRUE(repository.FindObject("PROJECT", "Orders")->Attribute("Good").IsNull());
 }
 
+TEST_F(Repository, NothingIsTakenThatTheFileCouldNotBeReadWith) {
+    auto repository = OpenRepository();
+    const auto project = repository.FindObject("PROJECT", "Orders");
+    for (const auto& [bad, kind] : {std::pair("", ErrorKind::Argument), {"\x01", ErrorKind::Xml}}) {
+        const auto object = repository.NewObject(bad, "A");
+        object->BeginChange();
+        const auto before = FileText();
+        EXPECT_EQ(KindThrown([&] { object->EndChange(); }), kind);
+        EXPECT_EQ(KindThrown([&] { project->AddRelation(bad, *project); }), kind);
+        EXPECT_EQ(KindThrown([&] { project->SetAttribute(bad, "x"); }), kind);
+        EXPECT_EQ(FileText(), before);
+    }
+}
+
 TEST_F(Repository, ObjectsAreFoundByTheirPresentName) {
     auto repository = OpenRepository();
     const auto first = Make(repository, "TABLE", "A");

@@ -4,6 +4,7 @@
 
 #include <thread>
 
+#include "platform/files/file_lock.h"
 #include "support/temporary_folder.h"
 
 namespace tessel::workbench {
@@ -85,6 +86,11 @@ TEST_F(StoredLogTest, GoesOnWhereItCannotBeKept) {
     using Change = host::ActivityLog::Change;
     EXPECT_EQ(changes, (std::vector{Change::Written, Change::State, Change::State}));
     EXPECT_EQ(Shown(log), std::vector<std::string>{"Verify|Done"});
+    StoredLog busy(file_);
+    const files::FileLock held(file_);
+    busy.Write("Verify", "Done");
+    EXPECT_EQ(Shown(busy), Shown(log));
+    EXPECT_EQ(Content(file_), "");
     log.Register(nullptr);
     log.Write("Verify", "Done");
     EXPECT_EQ(changes.size(), 3U);

@@ -111,6 +111,7 @@ TableSet Database::OpenTable(std::string_view table) {
 }
 
 std::string Database::Copy() {
+    engine_->RefuseWhileAsking("copy");
     sqlite3* const connection = engine_->connection.get();
     // The engine does not read a file that has left its journal behind. Nobody changes such a file any more.
     if (HasMoved(connection)) return ReadWholeFile(connection, engine_->path);
@@ -120,6 +121,19 @@ std::string Database::Copy() {
     if (!content) ThrowLastError(connection, {});
     const auto* first = reinterpret_cast<const char*>(content.get());
     return {first, static_cast<std::size_t>(size)};
+}
+
+std::shared_ptr<Database> Database::Snapshot() {
+    engine_->RefuseWhileAsking("snapshot");
+    auto snapshot = std::make_unique<Engine>(engine_->path, ConnectInMemory(engine_->path));
+    sqlite3* const memory = snapshot->connection.get();
+    sqlite3_db_config(memory, SQLITE_DBCONFIG_MAINDBNAME, snapshot->path.c_str());  // for its messages
+    constexpr int allPages = -1;
+    sqlite3_backup* const copy = sqlite3_backup_init(memory, "main", engine_->connection.get(), "main");
+    const bool isWhole = copy && sqlite3_backup_step(copy, allPages) == SQLITE_DONE;
+    if (copy) sqlite3_backup_finish(copy);  // which tells `memory` what went wrong
+    if (!isWhole) ThrowLastError(memory, {});
+    return std::shared_ptr<Database>(new Database(std::move(snapshot)));
 }
 
 void Database::RefreshCache() { engine_->tables.clear(); }

@@ -46,6 +46,10 @@ class Database {
     // All that the database holds now, as the content of a file of its own; also while its own file is gone.
     [[nodiscard]] std::string Copy();
 
+    // All that the database holds now, in memory: nobody else changes it, and it keeps nobody from the file,
+    // which its messages go on naming. Not for the middle of a transaction that has changed rows.
+    [[nodiscard]] std::shared_ptr<Database> Snapshot();
+
     // Forgets what was read before, so that changes by other processes show at the next read.
     void RefreshCache();
 
@@ -58,17 +62,12 @@ class Database {
     std::unique_ptr<Engine> engine_;
 };
 
-enum class TransactionFor {
-    Writing,
-    Reading,  // changes nothing: sees the database as it is at the start, while other programs read it, too
-};
-
 // All changes between construction and Commit are kept together or not at all. A transaction inside another
 // one keeps or undoes its own part.
 class Transaction {
   public:
     // Waits for a busy file, then throws ErrorKind::Busy.
-    explicit Transaction(Database& database, TransactionFor purpose = TransactionFor::Writing);
+    explicit Transaction(Database& database);
     ~Transaction();  // undoes what was not committed
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;

@@ -27,6 +27,17 @@ void Configure(sqlite3* connection, std::chrono::milliseconds busyWait) {
     sqlite3_db_config(connection, SQLITE_DBCONFIG_DQS_DDL, 0, nullptr);
 }
 
+// `name` is what the engine knows the path by.
+Connection ConnectTo(const std::string& name, const std::string& path, std::chrono::milliseconds busyWait) {
+    sqlite3* opened = nullptr;
+    const int code =
+        sqlite3_open_v2(name.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+    Connection connection(opened);
+    if (code != SQLITE_OK) ThrowOpenError(opened, path, AdviceFor(ErrorKind::ReadOnly));
+    Configure(opened, busyWait);
+    return connection;
+}
+
 // While it lives, the question is not there.
 class NotAsking {
   public:
@@ -52,15 +63,12 @@ Database::Engine::~Engine() {
 }
 
 Connection Connect(const std::string& path, std::chrono::milliseconds busyWait) {
-    sqlite3* opened = nullptr;
     // An absolute path never reads as a URI or as one of the engine's special names.
-    const std::string absolute = std::filesystem::absolute(path).string();
-    const int code =
-        sqlite3_open_v2(absolute.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
-    Connection connection(opened);
-    if (code != SQLITE_OK) ThrowOpenError(opened, path, AdviceFor(ErrorKind::ReadOnly));
-    Configure(opened, busyWait);
-    return connection;
+    return ConnectTo(std::filesystem::absolute(path).string(), path, busyWait);
+}
+
+Connection ConnectInMemory(const std::string& path) {
+    return ConnectTo(":memory:", path, std::chrono::milliseconds(0));
 }
 
 Statement Database::Engine::Prepare(std::string_view text, std::string_view sql) {
@@ -73,7 +81,8 @@ bool Database::Engine::InTransaction() const { return sqlite3_get_autocommit(con
 
 void Database::Engine::RefuseLostTransaction(std::string_view sql) const {
     if (depth == 0 || InTransaction()) return;
-    // Nothing was done since the failure, unless its statement is gone by now.
+    // Nothing has run since the failure, so the engine still tells it, or SQLITE_OK where it has forgotten
+    // it.
     const int code = sqlite3_errcode(connection.get());
     const std::string reason =
         code == SQLITE_OK ? std::string() : std::string(" (") + sqlite3_errmsg(connection.get()) + ")";

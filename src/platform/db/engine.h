@@ -24,6 +24,9 @@ using Connection = std::unique_ptr<sqlite3, ConnectionDeleter>;
 // Opens an existing file without reading it.
 [[nodiscard]] Connection Connect(const std::string& path, std::chrono::milliseconds busyWait);
 
+// An empty database in memory, for what is at the path.
+[[nodiscard]] Connection ConnectInMemory(const std::string& path);
+
 // What stands behind an open Database and its record sets.
 struct Database::Engine {
     Engine(std::string databasePath, Connection opened)

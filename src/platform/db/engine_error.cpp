@@ -29,6 +29,12 @@ constexpr std::array<std::pair<ErrorKind, std::string_view>, 5> adviceByKind{{
     {ErrorKind::Io, "check the device that holds it"},
 }};
 
+// A database in memory bears the name of its file.
+std::string FileNameOf(sqlite3* connection) {
+    const std::string file = sqlite3_db_filename(connection, "main");
+    return file.empty() ? sqlite3_db_name(connection, 0) : file;
+}
+
 }  // namespace
 
 ErrorKind KindOfCode(int code) {
@@ -59,7 +65,7 @@ void ThrowOpenError(sqlite3* connection, const std::string& path, std::string_vi
 void ThrowLastError(sqlite3* connection, std::string_view sql) {
     const ErrorKind kind = KindOfCode(sqlite3_extended_errcode(connection));
     const std::string_view advice = AdviceFor(kind);
-    std::string message = "The database \"" + std::string(sqlite3_db_filename(connection, "main")) + "\" ";
+    std::string message = "The database \"" + FileNameOf(connection) + "\" ";
     if ((kind == ErrorKind::ReadOnly || kind == ErrorKind::Io) && HasMoved(connection))
         throw DatabaseError(ErrorKind::Missing,
                             message + "is no longer there, or another file has taken its place; put it back.",

@@ -14,26 +14,12 @@ void RollBack(Database::Engine& engine, int depth) {
     engine.Control("release " + SavepointName(depth));
 }
 
-void Begin(Database::Engine& engine, TransactionFor purpose) {
-    if (purpose == TransactionFor::Writing) return engine.Control("begin immediate");
-    engine.Control("begin");
-    try {
-        engine.Control("select 1 from sqlite_schema");  // only the first reading holds the file
-    } catch (const DatabaseError&) {
-        engine.Control("rollback");
-        throw;
-    }
-}
-
 }  // namespace
 
-Transaction::Transaction(Database& database, TransactionFor purpose)
+Transaction::Transaction(Database& database)
     : engine_(*database.engine_), depth_(engine_.depth), changesBefore_(engine_.ChangeCount()) {
     engine_.RefuseLostTransaction("begin");
-    if (depth_ > 0)
-        engine_.Control("savepoint " + SavepointName(depth_));
-    else
-        Begin(engine_, purpose);
+    engine_.Control(depth_ > 0 ? "savepoint " + SavepointName(depth_) : "begin immediate");
     ++engine_.depth;
 }
 

@@ -20,16 +20,21 @@ Descriptor OpenLockFile(const std::string& path) {
 
 }  // namespace
 
-FileLock::FileLock(const std::string& path, std::chrono::milliseconds patience) : file_(OpenLockFile(path)) {
+bool Hold(const Descriptor& file, std::chrono::milliseconds patience) {
     const auto end = std::chrono::steady_clock::now() + patience;
-    while (flock(file_.Number(), LOCK_EX | LOCK_NB) != 0) {
-        if (errno != EWOULDBLOCK && errno != EINTR) ThrowWriteError("lock file", path, "locked", errno);
-        if (std::chrono::steady_clock::now() >= end) {
-            throw Error(ErrorKind::Busy, "Another program holds " + path +
-                                             " and does not let it go; close that program and try again.");
-        }
+    while (flock(file.Number(), LOCK_EX | LOCK_NB) != 0) {
+        const bool isBusy = errno == EWOULDBLOCK || errno == EINTR;
+        if (!isBusy || std::chrono::steady_clock::now() >= end) return false;
         std::this_thread::sleep_for(std::chrono::milliseconds(10));
     }
+    return true;
+}
+
+FileLock::FileLock(const std::string& path, std::chrono::milliseconds patience) : file_(OpenLockFile(path)) {
+    if (Hold(file_, patience)) return;
+    if (errno != EWOULDBLOCK) ThrowWriteError("lock file", path, "locked", errno);
+    throw Error(ErrorKind::Busy, "Another program holds " + path +
+                                     " and does not let it go; close that program and try again.");
 }
 
 }  // namespace tessel::files

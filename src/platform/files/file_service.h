@@ -15,7 +15,8 @@ namespace tessel::files {
 [[nodiscard]] bool FileExists(std::string_view path);  // a file, not a folder
 [[nodiscard]] bool FolderExists(std::string_view path);
 
-// Whatever writes or deletes here also takes away what interrupted programs left behind in the same folder.
+// Whatever writes here, and DeleteFolder, also takes away what interrupted programs left behind in the same
+// folder.
 
 // Makes the last folder of the path; the ones above it must be there.
 void CreateFolder(std::string_view path);

@@ -104,9 +104,11 @@ class TemporaryFile {
     Descriptor file_;
 };
 
-// Makes the renaming last; some file systems know no such thing and say EINVAL.
+// Makes the renaming last where it can: some file systems know no such thing and say EINVAL, and a folder
+// may be one to write into but not to read.
 void SyncFolder(const fs::path& target) {
     const Descriptor opened(open(FolderOf(target).c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!opened.IsOpen() && errno == EACCES) return;
     if (!opened.IsOpen() || (fsync(opened.Number()) != 0 && errno != EINVAL)) Fail(target, errno);
 }
 

@@ -72,8 +72,9 @@ class TDiagram : public QWidget {
     [[nodiscard]] QVariantList Boxes() const;
     [[nodiscard]] QVariantList Links() const;
 
-    // Between the two nothing is drawn, no Changed is sent and no box brought into view; Resume then does all
-    // that once. Pairs may nest.
+    // Between the two no new line is drawn, no Changed is sent and no box brought into view; Resume then does
+    // all that once, and only the last box that was to be brought into view is. What is painted meanwhile
+    // lacks the links of boxes that changed. Pairs may nest.
     void SuspendDrawing();
     void ResumeDrawing();
 

@@ -12,7 +12,7 @@ namespace tessel {
 namespace {
 
 constexpr const char* section = "Dialogs";
-constexpr QSize usualSize(400, 240);
+constexpr int usualWidth = 400;
 
 QtSettings SettingsOf(const ComponentState& state) { return QtSettings(SettingsPath(state.Title())); }
 
@@ -54,7 +54,7 @@ void Dialog::RestoreSize() {
     const auto stored = SettingsOf(state_).Get(section, objectName().toStdString());
     const QStringList parts = QString::fromStdString(stored.value_or("")).split('x');
     const QSize size(parts.value(0).toInt(), parts.value(1).toInt());
-    resize((size.isEmpty() ? sizeHint().expandedTo(usualSize) : size).expandedTo(minimumSizeHint()));
+    resize((size.isEmpty() ? sizeHint().expandedTo({usualWidth, 0}) : size).expandedTo(minimumSizeHint()));
 }
 
 void Dialog::done(int result) {

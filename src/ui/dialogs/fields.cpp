@@ -36,8 +36,10 @@ QLabel* PictureLabel(const char* name, const QIcon& icon) {
     return label;
 }
 
+void LiftLimit(QLineEdit& line) { line.setMaxLength(std::numeric_limits<int>::max()); }
+
 TextLine::TextLine(const std::string& text) : original_(text) {
-    setMaxLength(std::numeric_limits<int>::max());
+    LiftLimit(*this);
     setText(QString::fromStdString(text));
 }
 

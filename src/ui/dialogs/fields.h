@@ -28,6 +28,9 @@ template <typename Control>
     return control;
 }
 
+// Lets the line hold a text of any length; else it cuts a long one.
+void LiftLimit(QLineEdit& line);
+
 // A line for a text of any length. A text that is not edited comes back exactly as it was.
 class TextLine : public QLineEdit {
   public:

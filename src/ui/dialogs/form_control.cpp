@@ -14,6 +14,7 @@
 
 #include "tessel/convert.h"
 #include "ui/controls/connect.h"
+#include "ui/controls/list_delegate.h"
 #include "ui/dialogs/dialog.h"
 #include "ui/dialogs/fields.h"
 #include "ui/dialogs/form_file.h"
@@ -150,6 +151,7 @@ void FitColumns(QTreeWidget& list) {
 
 FormControl MakeList(const FormField& field) {
     auto* list = new Roomy<QTreeWidget>;
+    list->setItemDelegate(new ListDelegate(list));
     list->setRootIsDecorated(false);
     list->setUniformRowHeights(true);
     list->setAllColumnsShowFocus(true);

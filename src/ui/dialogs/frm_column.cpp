@@ -95,6 +95,7 @@ void frmColumn::AddHeading(QGridLayout& grid) {
 
 void frmColumn::AddFields(QGridLayout& grid) {
     txtDefault_->setAccessibleName(Text(defaultText));
+    LiftLimit(*txtDefault_);
     const std::pair<QWidget*, QWidget*> fields[] = {
         {CaptionLabel("lblType", Text(typeText), cmbType_), cmbType_},
         {lblPrecision_, txtPrecision_},

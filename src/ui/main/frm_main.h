@@ -41,8 +41,8 @@ class frmMain : public QMainWindow, public ToolWindow {
     void SetConnectorText(const std::string& key, const std::string& caption) override;
     void RemoveConnector(const std::string& key) override;
 
-    // While progress is made the window takes no input and refuses to close, and the diagram is drawn at its
-    // end only. Units beyond the total are not shown.
+    // While progress is made the window takes no input and refuses to close, and the lines of the
+    // diagram are drawn at its end only. Units beyond the total are not shown.
     void StartProgress(const std::string& action, std::int32_t totalLength) override;
     void StartStep(const std::string& act) override;
     void FinishStep(std::int32_t length) override;

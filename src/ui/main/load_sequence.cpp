@@ -79,6 +79,9 @@ void frmMain::LoadContents() {
     DBCheck(state_).LoadErrors();
     FinishStep(stepLength);
     ShowTable();
+    // The diagram begins with its first box, whichever table is selected.
+    const std::vector<std::string> boxes = diagram_.View().BoxKeys();
+    if (!boxes.empty()) diagram_.View().BringIntoView(boxes.front());
     FinishProgress();
 }
 
@@ -99,10 +102,7 @@ void frmMain::LoadTables() {
     browser_.FitColumns();
     const bool wasEmpty = diagram_.View().BoxCount() == 0;
     ImportTables();
-    const std::vector<std::string> boxes = diagram_.View().BoxKeys();
-    if (boxes.empty()) return;
-    diagram_.View().BringIntoView(boxes.front());
-    if (wasEmpty) diagram_.AutoPlace();
+    if (wasEmpty && diagram_.View().BoxCount() > 0) diagram_.AutoPlace();
 }
 
 // Options that cannot be read are said and count as not set.

@@ -23,8 +23,8 @@ class PropertiesPane : public QWidget {
 
     [[nodiscard]] ListView& View() const { return *lvProperties_; }
 
-    // Shows the parts of the table on the tab that is chosen, and selects the row that was awaited, if it is
-    // there, or else the one that was selected; no table empties the list.
+    // Shows the parts of the table on the tab that is chosen, and selects the row that was awaited or, while
+    // none was, the one that was selected; a row that is not there selects none. No table empties the list.
     void Show(const BrowserRow* table);
     // Chooses the tab with this key, "Columns", "Indexes", "Keys" or "Referenced By", and has the next Show
     // select the row with this key.

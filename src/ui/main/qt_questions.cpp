@@ -10,13 +10,13 @@
 #include <QShortcut>
 #include <QTextDocument>
 #include <algorithm>
-#include <limits>
 #include <utility>
 
 #include "ui/controls/busy.h"
 #include "ui/controls/connect.h"
 #include "ui/controls/help_window.h"
 #include "ui/dialogs/dialog.h"
+#include "ui/dialogs/fields.h"
 #include "ui/dialogs/form_dialog.h"
 
 namespace tessel {
@@ -100,7 +100,7 @@ std::optional<std::string> QtQuestions::Ask(const host::InputBox& box) {
     ShowPrompt(dialog, Caption(box.prompt));
     auto& line = *dialog.findChild<QLineEdit*>();
     line.setObjectName("txtInput");
-    line.setMaxLength(std::numeric_limits<int>::max());
+    LiftLimit(line);
     dialog.setTextValue(QString::fromStdString(box.text));
     dialog.resize(inputWidth, dialog.sizeHint().height());
     ShowAsPlainText(dialog);

@@ -12,6 +12,7 @@
 
 #include "ui/controls/connect.h"
 #include "ui/controls/image_list.h"
+#include "ui/controls/list_delegate.h"
 #include "ui/controls/qt_settings.h"
 #include "ui/dialogs/dialog.h"
 #include "ui/main/application.h"
@@ -101,6 +102,7 @@ StartDialog::StartDialog(std::shared_ptr<const text::Texts> texts, StartOffers o
 
 void StartDialog::ListRecent(const std::vector<std::string>& recent) {
     lvRecent_->setObjectName("lvRecent");
+    lvRecent_->setItemDelegate(new ListDelegate(lvRecent_));
     for (const auto& folder : recent) lvRecent_->addItem(QString::fromStdString(folder));
     lvRecent_->setCurrentRow(0);
     lvRecent_->setMinimumSize(listWidth * fontMetrics().averageCharWidth(),

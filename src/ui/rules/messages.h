@@ -15,7 +15,8 @@ void Tell(const ComponentState& state, const std::string& text, host::Icon icon,
 // Whether the user answers OK and not Cancel.
 [[nodiscard]] bool IsConfirmed(const ComponentState& state, const std::string& question, host::Icon icon);
 
-// Whether a file may be written: none is there, or the user lets it be replaced.
+// Whether a file may be written: none is there, or the user lets it be replaced. Throws as files::FileExists
+// does.
 [[nodiscard]] bool MayReplace(const ComponentState& state, const std::string& path);
 
 // A change of the schema that the user asked for.

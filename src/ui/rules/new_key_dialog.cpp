@@ -16,7 +16,7 @@ constexpr std::int32_t noTable = -1;
 
 NewKeyDialog::NewKeyDialog(ComponentState& state, std::string tableName, std::int32_t tabID,
                            std::int32_t refTabID)
-    : state_(state), tableName_(std::move(tableName)), tabID_(tabID) {
+    : state_(state), tableName_(std::move(tableName)), tabID_(tabID), refTabID_(refTabID) {
     for (auto row = state.Database().Select("Select TableName, TabId from Tables order by TableName");
          row.Next();) {
         tableNames_.push_back(row.Text("TableName"));

@@ -29,12 +29,16 @@ class NewKeyDialog {
     // Makes the key; false, after a message, when the dialog stays open.
     [[nodiscard]] bool OK();
 
+    // What the caller is left with, also after Cancel.
     [[nodiscard]] std::int32_t KeyID() const { return keyID_; }  // -1 while no key was made
+    // The selected table, or the one that was to be preselected while none is.
+    [[nodiscard]] std::int32_t RefTableID() const { return table_ ? tabIDs_[*table_] : refTabID_; }
 
   private:
     ComponentState& state_;
     std::string tableName_;
     std::int32_t tabID_;
+    std::int32_t refTabID_;
     std::vector<std::string> tableNames_;
     std::vector<std::int32_t> tabIDs_;
     std::optional<std::size_t> table_;

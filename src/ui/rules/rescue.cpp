@@ -36,10 +36,11 @@ std::string ProposedPath(const ComponentState& state) {
     return folder + '/' + baseName + "-copy" + extension;
 }
 
-// A relative path counts from where the user browses.
+// A relative path counts from where the user browses, and may begin with "..", which the file service
+// refuses.
 std::string FullPath(const ComponentState& state, const std::string& path) {
     const std::string workspace = state.Frontend().GetCorvaneName(host::name_item::workspaceFolder);
-    return std::filesystem::path(files::NativePath(workspace)) / path;
+    return (std::filesystem::path(files::NativePath(workspace)) / path).lexically_normal();
 }
 
 host::Form CopyForm(const ComponentState& state, const std::string& reason, const std::string& path) {

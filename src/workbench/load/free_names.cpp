@@ -21,7 +21,8 @@ std::string FreeNames::Take(std::string_view wanted, std::string_view fallback, 
     const std::string base(text::Left(plain, longestNumbered));
     std::string name = plain;
     const auto isTaken = [&] { return IsTaken(name) || (others && others->IsTaken(name)); };
-    for (int number = 1; isTaken(); ++number) name = rule_(base + std::to_string(number));
+    int& number = lastNumbers_[text::LowerAscii(base)];
+    while (isTaken()) name = rule_(base + std::to_string(++number));
     Enter(name);
     return name;
 }

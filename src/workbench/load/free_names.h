@@ -3,6 +3,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <unordered_set>
 
 namespace tessel::workbench {
@@ -26,7 +27,8 @@ class FreeNames {
 
   private:
     const NameRule& rule_;
-    std::unordered_set<std::string> taken_;  // in lower case
+    std::unordered_set<std::string> taken_;             // in lower case
+    std::unordered_map<std::string, int> lastNumbers_;  // by the name without its number, likewise
 };
 
 }  // namespace tessel::workbench

@@ -38,7 +38,8 @@ struct LoadOutcome {
 // neither its table nor its "Name".
 //
 // The database is changed in one transaction, and all objects together. Throws, with everything as it was,
-// when either fails.
+// when either fails. Only when the objects fail at the very end, after the database was kept, do they stay as
+// they were alone; the next load makes up for that.
 LoadOutcome LoadRepository(const Source& source, const LoadTarget& target);
 
 }  // namespace tessel::workbench

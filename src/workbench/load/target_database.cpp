@@ -8,8 +8,11 @@
 
 namespace tessel::workbench {
 
-NewDatabase::NewDatabase(const std::string& templateDatabase, std::string path) : path_(std::move(path)) {
-    Remove();  // what was left by a load that was cut off
+// What was left by a load that was cut off goes first.
+NewDatabase::NewDatabase(std::string path) : path_(std::move(path)) { Remove(); }
+
+NewDatabase::NewDatabase(const std::string& templateDatabase, std::string path)
+    : NewDatabase(std::move(path)) {
     files::CopyFile(templateDatabase, path_);
 }
 

@@ -8,7 +8,8 @@
 
 namespace tessel::workbench {
 
-// A database in the making, gone in the end unless it was put in its place.
+// A database in the making, gone in the end unless it was put in its place. What fails throws
+// ErrorKind::File, or Full or ReadOnly where that is the cause.
 class NewDatabase {
   public:
     NewDatabase(const std::string& templateDatabase, std::string path);
@@ -20,6 +21,7 @@ class NewDatabase {
     void PutInPlaceOf(const std::string& path) const;
 
   private:
+    explicit NewDatabase(std::string path);
     void Remove() const;
 
     std::string path_;
@@ -29,7 +31,8 @@ class NewDatabase {
 // it is made from the template, and comes to its place only when it is whole.
 class TargetDatabase {
   public:
-    // Throws ErrorKind::File beside a journal of a database that is gone.
+    // Throws ErrorKind::File beside a journal of a database that is gone, and what the making or the opening
+    // of one throws.
     TargetDatabase(std::string path, const std::string& templateDatabase);
 
     db::Database& operator*() { return *database_; }

@@ -44,6 +44,8 @@ TEST_F(LayoutTest, TakesNothingAndNeverTooLong) {
          "COPY LAYOUT: the file would copy itself\nSELF.cpy:2: COPY SELF: the"},
         {oneColumn + "           COPY DOUBLE.\n", "have more than 200000 words."},
         {oneColumn + "           COPY ../passwd.\n", "COPY ../passwd: there is no such file"},
+        {">>SOURCE FREE\n" + oneColumn + "COPY '" + std::string(300, 'A') + "'.\n",
+         ": there is no such file"},
         {oneColumn + "           COPY A REPLACING ==A== BY", "COPY is not understood: COPY A REPLACING"},
         {oneColumn + "           05 B PIC X VALUE 'open", "the literal is not closed: 'open"},
         {oneColumn + "           COPY A REPLACING ==open", "the text after == is not closed"},
@@ -63,16 +65,19 @@ TEST_F(LayoutTest, TakesNothingAndNeverTooLong) {
     }
 }
 
-TEST(CopyReader, ReadsNoFileThatItRefusesToCopy) {
+TEST(CopyReader, ReadsNoFileThatItRefusesToCopyAndPassesOverNoneThatItCannotRead) {
     int reads = 0;
+    auto cause = std::errc::is_a_directory;
     const auto read = [&](const std::string& path, std::string& content) {
-        if (path != "/A.cpy") return std::make_error_code(std::errc::no_such_file_or_directory);
+        if (path != "/A.cpy") return std::make_error_code(cause);
         ++reads;
         content = "01 R.\n05 B PIC X.\nCOPY A.\nCOPY A.\n";
         return std::error_code();
     };
     EXPECT_EQ(layout::ReadLayout("/A.cpy", layout::Format::Free, read).remarks.Count(), 2U);
     EXPECT_EQ(reads, 1);
+    cause = std::errc::permission_denied;
+    EXPECT_THROW((void)layout::ReadLayout("/A.cpy", layout::Format::Free, read), layout::Complaint);
 }
 
 // Words that each replacement makes longer, and more of them.

@@ -1,6 +1,7 @@
 #include <sys/stat.h>
 
 #include "script_test.h"
+#include "shared/files.h"
 #include "support/child_process.h"
 
 namespace tessel::test {
@@ -96,12 +97,17 @@ TEST_F(ScriptRun, ReplacesAFileByAWholeOneOrLeavesIt) {
     MakeBook();
     Write(folder / "real.sql", "old");
     std::filesystem::permissions(folder / "real.sql", std::filesystem::perms(0640));
-    const std::string planted = folder / "real.sql.new-" + std::to_string(getpid()) + "-0";
+    const std::string planted = folder / ".tessel-" + std::to_string(getpid()) + "-0";
     std::filesystem::create_symlink("victim", planted);
-    std::filesystem::create_symlink("real.sql", folder / "link.sql");
-    Run("dialect=sqlite;file=" + folder / "link.sql");
-    EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.sql"));
-    EXPECT_EQ(Content(folder / "real.sql"), Script("sqlite"));
+    const std::string longest = std::string(251, 'x') + ".sql";
+    for (const auto& file : {std::string("real.sql"), longest}) {
+        const std::string link = folder / "link.sql";
+        std::filesystem::create_symlink(file, link);
+        Run("dialect=sqlite;file=" + link);
+        EXPECT_TRUE(std::filesystem::is_symlink(link)) << file;
+        EXPECT_EQ(Content(folder / file), Script("sqlite"));
+        std::filesystem::remove(link);
+    }
     EXPECT_EQ(std::filesystem::status(folder / "real.sql").permissions(), std::filesystem::perms(0640));
     EXPECT_FALSE(std::filesystem::exists(folder / "victim"));
     std::filesystem::remove(planted);
@@ -114,7 +120,17 @@ TEST_F(ScriptRun, ReplacesAFileByAWholeOneOrLeavesIt) {
     mkfifo((folder / "pipe.sql").c_str(), 0666);
     EXPECT_EQ(Failure("dialect=sqlite;file=" + folder / "pipe.sql"),
               folder / "pipe.sql cannot be written: Invalid argument.");
-    for (const auto& name : folder.Names()) EXPECT_EQ(name.find(".new"), std::string::npos) << name;
+    for (const auto& name : folder.Names()) EXPECT_EQ(name.find(".tessel"), std::string::npos) << name;
+}
+
+TEST_F(ScriptRun, WritesIntoAFolderThatIsClosedToReading) {
+    std::filesystem::permissions(folder.Path(), std::filesystem::perms(0333));
+    EXPECT_TRUE(HoldsInChild([&] {
+        if (geteuid() == 0 && setuid(65534) != 0) return false;
+        return !tool::ReplaceFile(folder / "out.sql", "new");
+    }));
+    std::filesystem::permissions(folder.Path(), std::filesystem::perms::owner_all);
+    EXPECT_EQ(Content(folder / "out.sql"), "new");
 }
 
 TEST_F(ScriptRun, AFullDiskLeavesTheOldScriptAndIsSaid) {

@@ -48,13 +48,16 @@ inline std::string Shown(const SourceCatalogue& catalogue) {
 // Each case of the folder is a script, NAME.sql, and what is read of the database that it makes, NAME.txt.
 inline void ExpectCases(const std::filesystem::path& folder,
                         const std::function<SourceCatalogue(const std::string& sql)>& read) {
+    int cases = 0;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         std::filesystem::path file = entry.path();
-        if (file.extension() != ".sql") continue;
+        if (file.extension() != ".txt") continue;
         SCOPED_TRACE(file.string());
-        const std::string found = Shown(read(tessel::Content(file)));
-        EXPECT_EQ(found, tessel::Content(file.replace_extension("txt")));
+        const std::string expected = tessel::Content(file);
+        EXPECT_EQ(Shown(read(tessel::Content(file.replace_extension("sql")))), expected);
+        ++cases;
     }
+    EXPECT_GT(cases, 0) << folder;
 }
 
 }  // namespace tessel::db

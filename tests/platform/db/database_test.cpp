@@ -1,4 +1,5 @@
 #include "platform/db/temporary_database.h"
+#include "support/raw_sql.h"
 
 namespace tessel::db {
 namespace {
@@ -40,6 +41,34 @@ TEST_F(DatabaseTest, FieldsByName) {
     EXPECT_EQ(query.Integer("Digits"), 7);
     EXPECT_TRUE(query.Boolean("Yes"));
     EXPECT_EQ(KindThrown([&] { static_cast<void>(query["Nothing"]); }), ErrorKind::Sql);
+}
+
+TEST_F(DatabaseTest, ASnapshotOfABusyFileIsNotEmpty) {
+    const auto database = Database::Open(path_, std::chrono::milliseconds(10));
+    sqlite3* other = nullptr;
+    ASSERT_EQ(sqlite3_open(path_.c_str(), &other), SQLITE_OK);
+    sqlite3_exec(other, "begin exclusive", nullptr, nullptr, nullptr);
+    EXPECT_THROW((void)database->Snapshot(), DatabaseError);
+    sqlite3_close(other);
+}
+
+TEST_F(DatabaseTest, ASnapshotStandsApartFromItsFile) {
+    for (const char* journal : {"delete", "wal"}) {
+        test::RunRawSql(path_, std::string("pragma journal_mode=") + journal + "; delete from Tables");
+        const auto database = Open();
+        const auto snapshot = database->Snapshot();
+        const Transaction reading(*snapshot);
+        EXPECT_EQ(Open()->Execute("insert into Tables (TableName) values ('LATER')"), 1);
+        EXPECT_EQ(Count(*snapshot, "Tables"), 0);
+        snapshot->Execute("insert into Tables (TableName) values ('A'), ('B')");
+        EXPECT_EQ(Count(*database, "Tables"), 1);
+        try {
+            (void)snapshot->Select("select * from Nothing");
+            ADD_FAILURE();
+        } catch (const DatabaseError& error) {
+            EXPECT_NE(std::string(error.what()).find(path_.string()), std::string::npos) << error.what();
+        }
+    }
 }
 
 TEST_F(DatabaseTest, ErrorsTellTheStatementAsItWasWritten) {

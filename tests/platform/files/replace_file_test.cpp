@@ -165,19 +165,22 @@ TEST(ReplaceFile, RefusesWhatCannotBeReplaced) {
     EXPECT_EQ(folder.Names(), (std::set<std::string>{"folder", "pipe"}));
 }
 
-TEST(ReplaceFile, WithoutTheRightToWriteItIsReadOnly) {
+TEST(ReplaceFile, WithoutTheRightToWriteItIsReadOnlyAndTheFolderNeedNotBeRead) {
     const TemporaryFolder folder;
     CreateFolder((folder / "folder"));
     Write((folder / "folder/file"), "old");
     chmod((folder / "folder/file").c_str(), 0444);
     // Root writes everywhere, so a process of an ordinary user tries it.
     chmod(folder.Path().c_str(), 0755);
-    chmod((folder / "folder").c_str(), 0777);
+    chmod((folder / "folder").c_str(), 0333);
     EXPECT_TRUE(HoldsInChild([&] {
         constexpr uid_t nobody = 65534;
         if (geteuid() == 0 && setuid(nobody) != 0) return false;
+        ReplaceFile((folder / "folder/made"), "made");
         return KindThrown([&] { ReplaceFile((folder / "folder/file"), "new"); }) == ErrorKind::ReadOnly;
     }));
+    chmod((folder / "folder").c_str(), 0777);  // so that it can be removed
+    EXPECT_EQ(Content((folder / "folder/made")), "made");
     EXPECT_EQ(Content((folder / "folder/file")), "old");
 }
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/text/one_line.h"
+
 namespace tessel::text {
 namespace {
 
@@ -40,6 +42,10 @@ TEST(Utf8, LeftCountsCharactersAndTrimTakesBlanksOnly) {
     EXPECT_EQ(Left("aあ", 9), "aあ");
     EXPECT_EQ(Trim("  a b \t "), "a b \t");
     EXPECT_EQ(Trim("　a"), "　a");
+}
+
+TEST(OnOneLine, BlanksEveryControlCharacterAndNothingElse) {
+    EXPECT_EQ(OnOneLine("a\x1b[31m\r\nb\x7f\xc2\x80\xc2\x9f\xc2\xa0あ\xc2"), "a [31m  b   \xc2\xa0あ\xc2");
 }
 
 TEST(Utf8, ComparisonIgnoresAsciiCaseOnly) {

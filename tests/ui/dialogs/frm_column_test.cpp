@@ -39,7 +39,8 @@ class FrmColumnTest : public DialogTest {
 };
 
 TEST_F(FrmColumnTest, ShowsTheColumnAndWritesWhatWasEdited) {
-    EXPECT_TRUE(Edit([this] {
+    const std::string longDefault(40000, 'x');
+    EXPECT_TRUE(Edit([&] {
         EXPECT_EQ(Dialog().windowTitle(), "Column Properties");
         EXPECT_EQ(In<QLabel>("lblColumnName").text() + In<QLabel>("lblTableName").text(), "AChild");
         EXPECT_TRUE(In("imgKey").isVisible());
@@ -58,13 +59,13 @@ TEST_F(FrmColumnTest, ShowsTheColumnAndWritesWhatWasEdited) {
         EXPECT_EQ(In<QLineEdit>("txtPrecision").cursorPosition(), 1);
         Click("chkAllowNulls");
         Click("chkWithDefault");
-        Enter("txtDefault", "none");
+        In<QLineEdit>("txtDefault").insert(QString::fromStdString(longDefault));
         In<QPlainTextEdit>("txtComment").selectAll();
         Type("txtComment", "a\rb");
         In<QPlainTextEdit>("txtComment").insertPlainText("\u00a0c\u2028d");
         Click("cmdOK");
     }));
-    EXPECT_EQ(Stored(), Strings{"12|340|0|0|none|a\r\nb\u00a0c\r\nd"});
+    EXPECT_EQ(Stored(), Strings{"12|340|0|0|" + longDefault + "|a\r\nb\u00a0c\r\nd"});
     EXPECT_EQ(shown_, "key VARCHAR(340)");
 }
 

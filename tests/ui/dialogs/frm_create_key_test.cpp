@@ -12,9 +12,13 @@ class FrmCreateKeyTest : public DialogTest {
   protected:
     std::int32_t InputKey(std::int32_t refTabID, const std::function<void()>& act) {
         NewKeyDialog rules(state, "Child", 1, refTabID);
-        return Use(
+        const std::int32_t keyID = Use(
             "frmCreateKey", [&] { return frmCreateKey::InputKey(state, nullptr, rules); }, act);
+        handedBack = rules.KeyName() + '|' + std::to_string(rules.RefTableID());
+        return keyID;
     }
+
+    std::string handedBack;
 };
 
 TEST_F(FrmCreateKeyTest, MakesTheKey) {
@@ -32,6 +36,7 @@ TEST_F(FrmCreateKeyTest, MakesTheKey) {
         Press("txtKeyName", Qt::Key_Return);
     };
     EXPECT_EQ(InputKey(-1, act), 2);
+    EXPECT_EQ(handedBack, "ABFK_A|2");
     EXPECT_EQ(Rows("select TabID, RefTabId, KeyName from ForeignKeys where KeyID=2"), Strings{"1|2|ABFK_A"});
 }
 
@@ -46,6 +51,9 @@ TEST_F(FrmCreateKeyTest, StaysOpenUntilAKeyCanBeMade) {
         EXPECT_TRUE(Dialog().isVisible());
     };
     EXPECT_EQ(InputKey(99, act), -1);
+    EXPECT_EQ(handedBack, "FK|1");
+    EXPECT_EQ(InputKey(99, [] {}), -1);
+    EXPECT_EQ(handedBack, "|99");
     EXPECT_EQ(Told(), Strings{"c Cannot create foreign key"});
 }
 

@@ -99,6 +99,17 @@ TEST_F(DiagramPaneTest, TheArrangementIsKeptInTheFile) {
     EXPECT_EQ(Drawn(), Lines(inAColumn.begin(), inAColumn.begin() + 2));
 }
 
+TEST_F(DiagramPaneTest, BeginsWithTheFirstBoxWhicheverTableIsSelected) {
+    ASSERT_TRUE(WorkspaceOf(state)->TableUpdate(1, "TOWN", Missing{}, Missing{}, Missing{}));
+    Diagram().SetZoom(20);
+    Drag(Middle("t2"), Middle("t2") + QPoint(160, 160));
+    Diagram().SetZoom(100);
+    window = &Reopen();
+    EXPECT_EQ(Diagram().CurrentBox(), "t2");
+    const QRect seen = Sheet().viewport()->rect();
+    EXPECT_TRUE(seen.contains(Diagram().SeenAt("t1")) && !seen.intersects(Diagram().SeenAt("t2")));
+}
+
 TEST_F(DiagramPaneTest, ASchemaThatTheImportFillsIsPlaced) {
     EXPECT_TRUE(window->close());
     std::filesystem::copy_file(schemaFolder + "/Demo.mdb", folder / "DBSchema.mdb");

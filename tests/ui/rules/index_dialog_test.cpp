@@ -104,8 +104,10 @@ TEST_F(IndexDialogRules, BecomingThePrimaryIndexAsksWhenThereIsAnother) {
 
 TEST_F(IndexDialogRules, AFailureIsTold) {
     IndexDialog dialog = Open();
+    const Strings before = Stored();
     Break("insert on IndexColumns");
     EXPECT_FALSE(dialog.OK());
+    EXPECT_EQ(Stored(), before);
     ASSERT_TRUE(Ws().IndexDrop(2));
     EXPECT_FALSE(IndexDialog::Open(state, {2, "Ix", 1, "Child", false, ""}));
     EXPECT_EQ(Told(), (Strings{"c Cannot change index: Ix", "c System error: Illegal IndexID."}));

@@ -156,6 +156,19 @@ TEST_F(LoadRepositoryTest, NamesAndTypesThatDoNotFitAreChangedAndTold) {
     EXPECT_TRUE(Load().changed.empty());
 }
 
+TEST_F(LoadRepositoryTest, NamesThatComeToTheSameAreNumberedWithoutCountingFromOneAgain) {
+    constexpr std::size_t count = 200;
+    std::size_t asked = 0;
+    rule_ = [&](std::string_view name) {
+        ++asked;
+        return LettersAndDigits(name);
+    };
+    workbench::Source source{"server:x", {}};
+    for (std::size_t i = 0; i < count; ++i) source.catalogue.tables.push_back({.name = std::to_string(i)});
+    EXPECT_EQ(LoadFrom(source).added.back(), "T199");
+    EXPECT_LT(asked, 10 * count);
+}
+
 TEST_F(LoadRepositoryTest, LoadingAgainChangesNothing) {
     Source("create table a (x int primary key, y int); create table b (z int references a);");
     Load();
